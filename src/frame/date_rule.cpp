@@ -1,0 +1,25 @@
+#include "frame/date_rule.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace quillon {
+
+static bool preCutoverFlags[5];
+
+void applyDateRule(int century, int year, int month, int day, DateRuleSlot slot) {
+  bool& flag = preCutoverFlags[static_cast<int>(slot)];
+  flag = false;
+  char digits[32];
+  std::snprintf(digits, sizeof digits, "%02d%02d", century, year);
+  const long long fullYear = std::strtoll(digits, nullptr, 10);
+  if (fullYear == 2009) {
+    if (month == 5 && day < 22) flag = true;
+    if (month < 5) flag = true;
+  }
+  if (fullYear < 2009) flag = true;
+}
+
+bool preCutoverFlag(DateRuleSlot slot) { return preCutoverFlags[static_cast<int>(slot)]; }
+
+}  // namespace quillon

@@ -1,0 +1,43 @@
+// A report on its way out: a large buffer in front of a file, the printer device, or memory.
+//
+// A line feed comes out as CR LF, on every platform. A write that fails is remembered until somebody asks; from then on
+// nothing more is written, and what reached the file stays there.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quillon {
+
+struct FileStream;
+
+struct Output {
+  char* next = nullptr;   // where the next byte goes
+  char* limit = nullptr;  // one past the end of the buffer
+  char* buffer = nullptr;
+  FileStream* file = nullptr;     // null: into `memory`
+  std::string* memory = nullptr;
+  bool failed = false;
+};
+
+// Opens a named file anew, or the printer device for "prn" in any case. Null when that fails.
+Output* outputOpen(const std::string& name);
+// Writes to a text in memory (tests, benchmarks); close it as any other.
+Output* outputToMemory(std::string* text);
+// Writes what is still in the buffer and closes. False when any byte of the report was lost. `output` is gone afterwards.
+[[nodiscard]] bool outputClose(Output* output);
+// Closes every open output of the process; false when any of them lost a byte.
+[[nodiscard]] bool outputCloseAll();
+
+// Makes room for `size` more bytes in the buffer, writing out what is there; `size` is at most outputRoom.
+inline constexpr std::size_t outputRoom = 4096;
+void outputFlush(Output& output);
+inline void outputReserve(Output& output, std::size_t size) {
+  if (static_cast<std::size_t>(output.limit - output.next) < size) outputFlush(output);
+}
+
+// Text as it stands, of any length, line feeds as CR LF.
+void outputText(Output& output, std::string_view text);
+
+}  // namespace quillon
