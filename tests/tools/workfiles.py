@@ -1,0 +1,167 @@
+"""Builds the workstation's binary files, for tests and samples.
+
+An independent writing-down of the layouts, field by field with byte offsets: the program under test has its own. Every record
+is a function with keyword fields, all of which have a sensible default:
+
+    from workfiles import *
+    write("TR010109.B01", header(date="01/01/2009"),
+          trade132(scripId="AXLE", side="B", qty=100, rate=12345),
+          trade132(scripId="AXLE", side="S", qty=40, rate=12400))
+
+Dates of a header are "dd/mm/yyyy", times "hh:mm:ss". Text fields are cut to leave room for a NUL; a bytes value stands as it is
+and may fill the field. Numbers beyond the field wrap, as hostile files need.
+"""
+
+import os
+
+
+class Layout:
+    """Fields by (name, offset, width, kind); kind is "number", "text" or "char"."""
+
+    def __init__(self, size, *fields):
+        self.size = size
+        self.fields = {name: (offset, width, kind) for name, offset, width, kind in fields}
+        end = 0
+        for name, offset, width, kind in fields:
+            assert offset >= end, name + " overlaps the field before it"
+            end = offset + width
+        assert end <= size
+
+    def pack(self, values):
+        record = bytearray(self.size)
+        for name, value in values.items():
+            offset, width, kind = self.fields[name]
+            record[offset:offset + width] = encode(value, width, kind)
+        return bytes(record)
+
+
+def encode(value, width, kind):
+    if kind == "number":
+        return (value & ((1 << (8 * width)) - 1)).to_bytes(width, "little")
+    raw = value if isinstance(value, bytes) else value.encode("cp1252")
+    if kind == "char":
+        assert len(raw) == 1, "a letter field takes one letter"
+        return raw
+    if not isinstance(value, bytes):
+        raw = raw[:width - 1]
+    assert len(raw) <= width
+    return raw.ljust(width, b"\0")
+
+
+HEADER = Layout(
+    24,
+    ("fileKind", 0, 1, "char"),
+    ("kind", 1, 1, "char"),
+    ("memberId", 2, 4, "number"),
+    ("traderId", 6, 4, "number"),
+    ("day", 10, 2, "number"),
+    ("month", 12, 2, "number"),
+    ("century", 14, 2, "number"),
+    ("year", 16, 2, "number"),
+    ("hour", 18, 2, "number"),
+    ("minute", 20, 2, "number"),
+    ("second", 22, 2, "number"),
+)
+
+TRADE132 = Layout(
+    132,
+    ("scripCode", 0, 4, "number"),
+    ("scripId", 4, 12, "text"),
+    ("trdId", 16, 4, "number"),
+    ("rate", 20, 4, "number"),  # hundredths
+    ("qty", 24, 4, "number"),
+    ("brokerId", 28, 4, "number"),
+    ("traderId", 32, 4, "number"),
+    ("time", 36, 15, "text"),
+    ("date", 51, 15, "text"),
+    ("clientId", 66, 12, "text"),
+    ("side", 78, 1, "char"),
+    ("tradeType", 79, 1, "char"),
+    ("trnId", 80, 8, "number"),
+    ("cliTyp", 88, 10, "text"),
+    ("unread", 98, 34, "text"),
+)
+
+TRADE144 = Layout(
+    144,
+    ("scripCode", 0, 4, "number"),
+    ("scripId", 4, 12, "text"),
+    ("trdId", 16, 4, "number"),
+    ("rate", 20, 4, "number"),  # hundredths
+    ("qty", 24, 4, "number"),
+    ("brokerId", 28, 4, "number"),
+    ("traderId", 32, 4, "number"),
+    ("time", 36, 15, "text"),
+    ("date", 51, 15, "text"),
+    ("orderTimeStamp", 66, 20, "text"),  # "dd/mm/yyyy hh:mm:ss"
+    ("clientId", 86, 12, "text"),
+    ("side", 98, 1, "char"),
+    ("tradeType", 99, 1, "char"),
+    ("trnId", 100, 8, "number"),
+    ("cliTyp", 108, 10, "text"),
+    ("clientText", 118, 13, "text"),
+    ("scGr", 131, 5, "text"),
+    ("settlementYear", 136, 2, "number"),
+    ("settlementNo", 140, 4, "number"),
+)
+
+KESTO = Layout(
+    142,
+    ("scripCode", 0, 4, "number"),
+    ("scripId", 4, 12, "text"),
+    ("days", 16, 1, "number"),
+    ("trdId", 18, 4, "number"),
+    ("rate", 22, 4, "number"),  # ten-thousandths
+    ("qty", 26, 4, "number"),
+    ("brokerId", 30, 4, "number"),
+    ("traderId", 34, 4, "number"),
+    ("time", 38, 15, "text"),
+    ("date", 53, 15, "text"),
+    ("clientId", 68, 12, "text"),
+    ("side", 80, 1, "char"),
+    ("tradeType", 81, 1, "char"),
+    ("trnId", 82, 4, "number"),
+    ("settFyear", 86, 56, "text"),
+)
+
+
+def header(fileKind="N", kind="T", memberId=123, traderId=7, date="01/01/2009", time="16:05:09", **fields):
+    day, month, year = (int(part) for part in date.split("/"))
+    hour, minute, second = (int(part) for part in time.split(":"))
+    values = dict(fileKind=fileKind, kind=kind, memberId=memberId, traderId=traderId, day=day, month=month,
+                  century=year // 100, year=year % 100, hour=hour, minute=minute, second=second)
+    values.update(fields)
+    return HEADER.pack(values)
+
+
+def trade132(**fields):
+    values = dict(scripCode=500010, scripId="AXLE", trdId=1001, rate=12345, qty=100, brokerId=12, traderId=3, time="10:15:30",
+                  date="01/01/2009", clientId="C0001", side="B", tradeType="L", trnId=20090101000001, cliTyp="CLIENT")
+    values.update(fields)
+    return TRADE132.pack(values)
+
+
+def trade144(**fields):
+    values = dict(scripCode=500010, scripId="AXLE", trdId=1001, rate=12345, qty=100, brokerId=12, traderId=3, time="10:15:30",
+                  date="25/05/2009", orderTimeStamp="25/05/2009 10:15:01", clientId="C0001", side="B", tradeType="L",
+                  trnId=20090525000001, cliTyp="CLIENT", clientText="", scGr="A", settlementYear=2009, settlementNo=37)
+    values.update(fields)
+    return TRADE144.pack(values)
+
+
+def kestoTrade(**fields):
+    values = dict(scripCode=500010, scripId="AXLE", days=7, trdId=1001, rate=1234500, qty=100, brokerId=12, traderId=3,
+                  time="10:15:30", date="01/01/2009", clientId="C0001", side="T", tradeType="L", trnId=40001,
+                  settFyear="012/2009-2010")
+    values.update(fields)
+    return KESTO.pack(values)
+
+
+def write(name, *pieces):
+    """Writes the pieces one behind the other into the file `name`, in the current folder; makes its folder where needed."""
+    folder = os.path.dirname(name)
+    if folder:
+        os.makedirs(folder, exist_ok=True)
+    with open(name, "wb") as file:
+        for piece in pieces:
+            file.write(piece)
