@@ -45,7 +45,7 @@ TradeCount countTrades(Input& input, TradeLayout layout, std::size_t& count) {
   return TradeCount::counted;
 }
 
-bool loadTrades(Input& input, TradeLayout layout, void* block, std::size_t count, bool (*readFailed)()) {
+bool readTrades(Input& input, TradeLayout layout, void* block, std::size_t count, bool (*readFailed)()) {
   TradeHeader again;
   if (!inputRead(input, &again, sizeof again) && !readFailed()) return false;
 

@@ -161,7 +161,7 @@ enum class TradeCount {
 // Passes over the header and reads `count` records into the zero-filled `block`, from the start of the file. Each header or
 // record that comes back short is told by `readFailed`: true carries on with what follows it, the record staying all zero;
 // false ends the load. False when it was ended so.
-[[nodiscard]] bool loadTrades(Input& input, TradeLayout layout, void* block, std::size_t count, bool (*readFailed)());
+[[nodiscard]] bool readTrades(Input& input, TradeLayout layout, void* block, std::size_t count, bool (*readFailed)());
 
 // Lending-market files call a sell 'L': it becomes 'S', so that the reports know only 'B' and 'S'.
 void rewriteLends(TradeRec144* records, std::size_t count);
