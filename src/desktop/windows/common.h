@@ -1,0 +1,34 @@
+// What the sources of this folder share: the module, the main window, the windows that stand still while a box is open, and
+// the way between the program's bytes and the wide characters of Windows.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "desktop/forms.h"
+#include "desktop/windows/start.h"
+
+namespace quillon {
+
+HINSTANCE windowsInstance();
+HWND windowsMainWindow();           // null until it is made
+void windowsSetMainWindow(HWND window);
+HWND windowsOf(FormHandle form);    // null for a null handle
+HWND windowsOwnerOf(FormHandle form);  // the form's window, or the main window for a null handle
+
+// While one stands, neither the main window nor any form takes input: a run blocks the whole program until its box is
+// answered, and Windows by itself blocks the box's owner alone.
+struct InputBlock {
+  InputBlock();
+  ~InputBlock();
+  InputBlock(const InputBlock&) = delete;
+  InputBlock& operator=(const InputBlock&) = delete;
+};
+
+std::wstring wideFromUtf8(std::string_view text);
+std::string utf8FromWide(std::wstring_view text);
+// Windows-1252, whatever the code page of the user's system: the texts of the workstation's files.
+std::wstring wideFromAnsi(std::string_view text);
+std::string ansiFromWide(std::wstring_view text);
+
+}  // namespace quillon

@@ -1,0 +1,256 @@
+// Forms: modeless dialogs from the program's own resources, owned by the main window.
+#include "desktop/forms.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "desktop/windows/common.h"
+
+namespace quillon {
+
+struct FormWindow {
+  HWND window;
+  FormHandler handler;
+  HWND focusWhenShown;  // asked for while the form was not to be seen yet
+};
+
+static struct {
+  std::vector<FormWindow*> forms;  // all that are open
+  std::vector<HWND> blocked;       // disabled for the length of a box
+  int blocks;                      // boxes that are open, one inside another
+  bool settingFocus;               // the focus moves on the program's word: no press, though a radio button tells of one
+} state;
+
+HWND windowsOf(FormHandle form) { return form ? form->window : nullptr; }
+
+// ---- Standing still while a box is open --------------------------------------------------------------------------------
+
+static void blockWindow(HWND window) {
+  if (!window || !IsWindowEnabled(window)) return;
+  EnableWindow(window, FALSE);
+  state.blocked.push_back(window);
+}
+
+InputBlock::InputBlock() {
+  if (state.blocks++ > 0) return;
+  blockWindow(windowsMainWindow());
+  for (const FormWindow* form : state.forms) blockWindow(form->window);
+}
+
+InputBlock::~InputBlock() {
+  if (--state.blocks > 0) return;
+  for (HWND window : state.blocked) EnableWindow(window, TRUE);
+  state.blocked.clear();
+}
+
+// ---- Messages of a form ------------------------------------------------------------------------------------------------
+
+static void send(FormWindow* form, FormEventKind kind, int control = 0) {
+  form->handler({.form = form, .kind = kind, .control = control});
+}
+
+static bool isKind(HWND control, const wchar_t* windowClass) {
+  wchar_t name[16] = {};
+  GetClassNameW(control, name, static_cast<int>(std::size(name)));
+  return lstrcmpiW(name, windowClass) == 0;
+}
+
+// Escape and Enter arrive here as ids that no form has; they come without a control and do nothing.
+static void onCommand(FormWindow* form, int control, int code, HWND window) {
+  if (!window) return;
+  if (isKind(window, L"Button")) {
+    if (code == BN_CLICKED && !state.settingFocus) send(form, FormEventKind::press, control);
+  } else if (isKind(window, L"Edit")) {
+    if (code == EN_UPDATE) send(form, FormEventKind::edit, control);
+  } else if (isKind(window, L"ComboBox")) {
+    if (code == CBN_SELCHANGE) send(form, FormEventKind::pick, control);
+  }
+}
+
+static bool closeIsEnabled(HWND window) {
+  const UINT entry = GetMenuState(GetSystemMenu(window, FALSE), SC_CLOSE, MF_BYCOMMAND);
+  return (entry & (MF_GRAYED | MF_DISABLED)) == 0;
+}
+
+static void takeOff(FormWindow* form) {
+  std::erase(state.forms, form);
+  delete form;
+}
+
+static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    FormWindow* form = reinterpret_cast<FormWindow*>(lParam);
+    form->window = window;
+    SetWindowLongPtrW(window, DWLP_USER, lParam);
+    send(form, FormEventKind::start);
+    return FALSE;  // the focus is where the form has put it
+  }
+  FormWindow* form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, DWLP_USER));
+  if (!form) return FALSE;
+  switch (message) {
+    case WM_COMMAND:
+      onCommand(form, LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+      return TRUE;
+    case WM_MOUSEACTIVATE:
+      send(form, FormEventKind::activate);
+      return FALSE;
+    case WM_SYSCOMMAND:
+      // Alt+F4 asks to close even where the entry is greyed.
+      return (wParam & 0xFFF0) == SC_CLOSE && !closeIsEnabled(window);
+    case WM_CLOSE:
+      send(form, FormEventKind::close);
+      return TRUE;  // else the dialog manager would turn it into Cancel
+    case WM_DESTROY:
+      send(form, FormEventKind::destroy);
+      return TRUE;
+    case WM_NCDESTROY:
+      SetWindowLongPtrW(window, DWLP_USER, 0);
+      takeOff(form);
+      return FALSE;
+    default: return FALSE;
+  }
+}
+
+FormHandle formCreate(const char* resource, FormHandler handler) {
+  FormWindow* form = new FormWindow{.window = nullptr, .handler = handler, .focusWhenShown = nullptr};
+  state.forms.push_back(form);
+  const HWND window = CreateDialogParamW(windowsInstance(), wideFromAnsi(resource).c_str(), windowsMainWindow(), dialogProcedure,
+                                         reinterpret_cast<LPARAM>(form));
+  if (window) return form;
+  // A form that came as far as its window has been taken off with it.
+  if (std::find(state.forms.begin(), state.forms.end(), form) != state.forms.end()) takeOff(form);
+  return nullptr;
+}
+
+void formDestroy(FormHandle form) {
+  if (form) DestroyWindow(form->window);
+}
+
+// ---- The form as a whole -----------------------------------------------------------------------------------------------
+
+static void moveFocus(HWND form, HWND control) {
+  state.settingFocus = true;
+  SendMessageW(form, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+  state.settingFocus = false;
+}
+
+void formShow(FormHandle form) {
+  if (!form) return;
+  ShowWindow(form->window, SW_SHOW);
+  BringWindowToTop(form->window);
+  if (form->focusWhenShown) moveFocus(form->window, form->focusWhenShown);
+  form->focusWhenShown = nullptr;
+}
+
+// A form that is active already keeps the focus where it is: taking it away would shut a list that is dropped down.
+void formRaise(FormHandle form) {
+  if (!form || GetActiveWindow() == form->window) return;
+  BringWindowToTop(form->window);
+  state.settingFocus = true;
+  SetFocus(form->window);
+  state.settingFocus = false;
+}
+
+void formSetTitle(FormHandle form, std::string_view utf8) {
+  if (form) SetWindowTextW(form->window, wideFromUtf8(utf8).c_str());
+}
+
+void formSetCloseEnabled(FormHandle form, bool enabled) {
+  if (!form) return;
+  EnableMenuItem(GetSystemMenu(form->window, FALSE), SC_CLOSE, static_cast<UINT>(MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED)));
+}
+
+// ---- Controls ----------------------------------------------------------------------------------------------------------
+
+static HWND controlOf(FormHandle form, int control) { return form ? GetDlgItem(form->window, control) : nullptr; }
+
+static std::string textOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return ansiFromWide(text);
+}
+
+void formSetText(FormHandle form, int control, std::string_view text) {
+  const HWND window = controlOf(form, control);
+  if (!window) return;
+  SetWindowTextW(window, wideFromAnsi(text).c_str());
+  UpdateWindow(window);  // a run does not come back to the message loop before its end; its progress is to be seen
+}
+
+std::string formGetText(FormHandle form, int control, std::size_t limit) {
+  const HWND window = controlOf(form, control);
+  return window ? textOf(window).substr(0, limit) : std::string();
+}
+
+void formSetChecked(FormHandle form, int control, bool checked) {
+  if (const HWND window = controlOf(form, control)) {
+    SendMessageW(window, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+  }
+}
+
+bool formIsChecked(FormHandle form, int control) {
+  const HWND window = controlOf(form, control);
+  return window && SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void formSetEnabled(FormHandle form, int control, bool enabled) {
+  if (const HWND window = controlOf(form, control)) EnableWindow(window, enabled);
+}
+
+void formSetVisible(FormHandle form, int control, bool visible) {
+  if (const HWND window = controlOf(form, control)) ShowWindow(window, visible ? SW_SHOW : SW_HIDE);
+}
+
+void formSetFocus(FormHandle form, int control) {
+  const HWND window = controlOf(form, control);
+  if (!window) return;
+  if (IsWindowVisible(form->window)) {
+    moveFocus(form->window, window);
+  } else {
+    form->focusWhenShown = window;
+  }
+}
+
+// ---- Drop-down lists ---------------------------------------------------------------------------------------------------
+
+void formListFill(FormHandle form, int control, std::span<const std::string> items) {
+  const HWND window = controlOf(form, control);
+  if (!window) return;
+  SendMessageW(window, WM_SETREDRAW, FALSE, 0);
+  SendMessageW(window, CB_RESETCONTENT, 0, 0);
+  std::size_t bytes = 0;
+  for (const std::string& item : items) bytes += (item.size() + 1) * sizeof(wchar_t);
+  SendMessageW(window, CB_INITSTORAGE, items.size(), static_cast<LPARAM>(bytes));
+  for (const std::string& item : items) {
+    SendMessageW(window, CB_INSERTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(wideFromAnsi(item).c_str()));
+  }
+  SendMessageW(window, WM_SETREDRAW, TRUE, 0);
+  if (IsWindowVisible(window)) InvalidateRect(window, nullptr, TRUE);
+}
+
+static int askList(FormHandle form, int control, UINT message, int whenNone) {
+  const HWND window = controlOf(form, control);
+  return window ? static_cast<int>(SendMessageW(window, message, 0, 0)) : whenNone;
+}
+
+void formListSelect(FormHandle form, int control, int index) {
+  const HWND window = controlOf(form, control);
+  if (window) SendMessageW(window, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+int formListCount(FormHandle form, int control) { return std::max(askList(form, control, CB_GETCOUNT, 0), 0); }
+
+int formListSelected(FormHandle form, int control) { return askList(form, control, CB_GETCURSEL, -1); }
+
+std::string formListText(FormHandle form, int control, int index) {
+  const HWND window = controlOf(form, control);
+  if (!window) return {};
+  const LRESULT length = SendMessageW(window, CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0);
+  if (length == CB_ERR) return {};
+  std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+  SendMessageW(window, CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(length));
+  return ansiFromWide(text);
+}
+
+}  // namespace quillon

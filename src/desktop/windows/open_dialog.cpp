@@ -1,0 +1,60 @@
+// The standard open-file dialog.
+#include "desktop/open_dialog.h"
+
+#include <array>
+
+#include "desktop/windows/common.h"
+
+#include <cderr.h>
+#include <commdlg.h>
+
+namespace quillon {
+
+static constexpr std::size_t pathSize = 300;  // with its end mark
+
+// Pairs of name and pattern, each ended by a NUL, and one more at the end.
+static std::wstring filterText(std::span<const FileMask> masks) {
+  std::wstring filter;
+  for (const FileMask& mask : masks) {
+    filter += wideFromAnsi(mask.name);
+    filter += L'\0';
+    filter += wideFromAnsi(mask.pattern);
+    filter += L'\0';
+  }
+  filter += L'\0';
+  return filter;
+}
+
+std::optional<std::string> openDialogAsk(const OpenDialog& dialog) {
+  const InputBlock block;
+  const std::wstring filter = filterText(dialog.masks);
+  const std::wstring title = wideFromAnsi(dialog.title);
+  const std::wstring folder = wideFromUtf8(dialog.folder);
+  std::array<wchar_t, pathSize> path = {};
+
+  OPENFILENAMEW ask = {};
+  ask.lStructSize = sizeof ask;
+  ask.hwndOwner = windowsOwnerOf(dialog.owner);
+  ask.lpstrFilter = dialog.masks.empty() ? nullptr : filter.c_str();
+  ask.nFilterIndex = static_cast<DWORD>(dialog.selected);
+  ask.lpstrFile = path.data();
+  ask.nMaxFile = static_cast<DWORD>(path.size());
+  ask.lpstrInitialDir = folder.c_str();
+  ask.lpstrTitle = dialog.title.empty() ? nullptr : title.c_str();
+  // The current folder stays where it is: reports go there, wherever the input was found.
+  ask.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+
+  if (GetOpenFileNameW(&ask)) return utf8FromWide(path.data());
+  if (CommDlgExtendedError() == FNERR_BUFFERTOOSMALL) {
+    MessageBoxW(ask.hwndOwner, L"The name of this file, with its folders, is too long.", ask.lpstrTitle, MB_ICONEXCLAMATION);
+  }
+  return std::nullopt;
+}
+
+std::string openDialogCurrentFolder() {
+  std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
+  folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+  return utf8FromWide(folder);
+}
+
+}  // namespace quillon
