@@ -16,7 +16,7 @@ struct Output {
   char* next = nullptr;   // where the next byte goes
   char* limit = nullptr;  // one past the end of the buffer
   char* buffer = nullptr;
-  FileStream* file = nullptr;     // null: into `memory`
+  FileStream* file = nullptr;  // null: into `memory`
   std::string* memory = nullptr;
   bool failed = false;
 };
@@ -31,7 +31,7 @@ Output* outputToMemory(std::string* text);
 [[nodiscard]] bool outputCloseAll();
 
 // Makes room for `size` more bytes in the buffer, writing out what is there; `size` is at most outputRoom.
-inline constexpr std::size_t outputRoom = 4096;
+inline constexpr std::size_t outputRoom = 64 * 1024;
 void outputFlush(Output& output);
 inline void outputReserve(Output& output, std::size_t size) {
   if (static_cast<std::size_t>(output.limit - output.next) < size) outputFlush(output);

@@ -26,9 +26,17 @@ struct Records {
   std::size_t count;  // not counting the zero record at the end
 };
 
+// Takes 20 bytes a record while it sorts. Folding is to small letters: '_' stands before every letter.
+//
 // Fills `order` (room for records.count entries) with the positions 0 to count - 1 in ascending order of `first`, then
 // `second`; records that are equal on both keep their order in the file. False when no memory is to be had for it; `order`
 // then holds the file's order.
 [[nodiscard]] bool recordOrder(const Records& records, const RecordKey& first, const RecordKey& second, std::uint32_t* order);
+
+namespace detail {
+// The same with the memory from elsewhere (freed by std::free), so that the want of it can be shown.
+[[nodiscard]] bool recordOrderWith(const Records& records, const RecordKey& first, const RecordKey& second,
+                                   std::uint32_t* order, void* (*allocate)(std::size_t));
+}  // namespace detail
 
 }  // namespace quillon
