@@ -16,34 +16,34 @@ namespace quillon {
 #pragma pack(push, 1)
 
 struct TradeHeader {
-  char fileKind;  // 'N' normal, 132-byte records; 'V' normal, 144-byte records; 'B' Kesto, 142-byte records
-  char kind;      // 'T': a trade file; other letters mark other files with a header of this shape
-  std::int32_t memberId;   // broker number
+  char fileKind;          // 'N' normal, 132-byte records; 'V' normal, 144-byte records; 'B' Kesto, 142-byte records
+  char kind;              // 'T': a trade file; other letters mark other files with a header of this shape
+  std::int32_t memberId;  // broker number
   std::int32_t traderId;
-  std::int16_t day;        // date of the file
+  std::int16_t day;  // date of the file
   std::int16_t month;
-  std::int16_t century;    // first two digits of the year, such as 20
-  std::int16_t year;       // last two digits of the year
-  std::int16_t hour;       // time of the file
+  std::int16_t century;  // first two digits of the year, such as 20
+  std::int16_t year;     // last two digits of the year
+  std::int16_t hour;     // time of the file
   std::int16_t minute;
   std::int16_t second;
 };
 
 struct TradeRec132 {
   std::int32_t scripCode;
-  TextField<12> scripId;   // scrip symbol
+  TextField<12> scripId;  // scrip symbol
   std::int32_t trdId;
-  std::int32_t rate;       // hundredths
+  std::int32_t rate;  // hundredths
   std::int32_t qty;
   std::int32_t brokerId;
   std::int32_t traderId;
   TextField<15> time;
-  TextField<15> date;      // not printed by any report
+  TextField<15> date;  // not printed by any report
   TextField<12> clientId;
-  char side;               // 'B' buy, 'S' sell
-  char tradeType;          // 'O': an odd-lot trade
-  std::int64_t trnId;      // transaction number
-  TextField<10> cliTyp;    // client type, such as "CLIENT_SD"
+  char side;             // 'B' buy, 'S' sell
+  char tradeType;        // 'O': an odd-lot trade
+  std::int64_t trnId;    // transaction number
+  TextField<10> cliTyp;  // client type, such as "CLIENT_SD"
   char unread[34];
 };
 
@@ -51,41 +51,41 @@ struct TradeRec144 {
   std::int32_t scripCode;
   TextField<12> scripId;
   std::int32_t trdId;
-  std::int32_t rate;       // hundredths
+  std::int32_t rate;  // hundredths
   std::int32_t qty;
-  std::int32_t brokerId;   // not printed by the reports, which leave its column blank
-  std::int32_t traderId;   // likewise
+  std::int32_t brokerId;  // not printed by the reports, which leave its column blank
+  std::int32_t traderId;  // likewise
   TextField<15> time;
   TextField<15> date;
   TextField<20> orderTimeStamp;  // date and time of the order; characters 11 to 18, counting from 0, are the time of day
   TextField<12> clientId;
-  char side;               // 'B' buy, 'S' sell; in a lending-market file 'B' borrow, 'L' lend
+  char side;  // 'B' buy, 'S' sell; in a lending-market file 'B' borrow, 'L' lend
   char tradeType;
   std::int64_t trnId;
   TextField<10> cliTyp;
-  TextField<13> clientText;      // second client text; not printed by any report
-  TextField<5> scGr;             // scrip group
-  std::int16_t settlementYear;   // first part of the settlement number
+  TextField<13> clientText;     // second client text; not printed by any report
+  TextField<5> scGr;            // scrip group
+  std::int16_t settlementYear;  // first part of the settlement number
   char unread[2];
-  std::int32_t settlementNo;     // second part
+  std::int32_t settlementNo;  // second part
 };
 
 struct KestoTradeRec {
   std::int32_t scripCode;
   TextField<12> scripId;
-  std::int8_t days;        // number of days of the deal
+  std::int8_t days;  // number of days of the deal
   char unread;
   std::int32_t trdId;
-  std::int32_t rate;       // ten-thousandths
+  std::int32_t rate;  // ten-thousandths
   std::int32_t qty;
   std::int32_t brokerId;
   std::int32_t traderId;
   TextField<15> time;
   TextField<15> date;
   TextField<12> clientId;
-  char side;               // 'T' and 'S' lend, 'M' and 'V' borrow
+  char side;  // 'T' and 'S' lend, 'M' and 'V' borrow
   char tradeType;
-  std::int32_t trnId;      // 32 bits here
+  std::int32_t trnId;  // 32 bits here
   TextField<56> settFyear;
 };
 
