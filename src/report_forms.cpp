@@ -1,5 +1,6 @@
 #include "report_forms.h"
 
+#include "position/position_form.h"
 #include "trades/trades_form.h"
 
 namespace quillon {
@@ -7,6 +8,8 @@ namespace quillon {
 // Tools whose forms are not here have no dialog resource either: pressing them shows "Dialog Creation Failed".
 static constexpr FormEntry entries[] = {
     {"PRNTRPT", tradesFormEvent},
+    {"PRNTNP", netPositionFormEvent},
+    {"PRNTNPRET", slbPositionFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

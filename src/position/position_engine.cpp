@@ -1,0 +1,340 @@
+#include "position/position_engine.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "desktop/memory.h"
+#include "frame/rounding.h"
+#include "text/record_order.h"
+
+namespace quillon {
+
+// ---- The file ---------------------------------------------------------------------------------------------------------
+
+void positionSetLayout(PositionFile& file, bool always144) {
+  file.recordSize132 = !always144 && file.header.fileKind != 'V';
+  file.fromKesto = !always144 && file.header.fileKind == 'B';
+}
+
+TradeLayout positionLayoutInFile(const PositionFile& file) {
+  if (file.fromKesto) return TradeLayout::kesto;
+  return file.recordSize132 ? TradeLayout::rec132 : TradeLayout::rec144;
+}
+
+std::size_t positionBlockSize(const PositionFile& file) {
+  return (file.count + 1) * (file.recordSize132 ? sizeof(TradeRec132) : sizeof(TradeRec144));
+}
+
+TradeRec132 positionFromKesto(const KestoTradeRec& record) {
+  TradeRec132 copy = {};
+  copy.scripCode = record.scripCode;
+  copy.scripId = record.scripId;
+  copy.trdId = record.trdId;
+  copy.rate = record.rate;
+  copy.qty = record.qty;
+  copy.brokerId = record.brokerId;
+  copy.traderId = record.traderId;
+  copy.time = record.time;
+  copy.date = record.date;
+  copy.clientId = record.clientId;
+  copy.side = record.side;
+  copy.tradeType = record.tradeType;
+  copy.trnId = record.trnId;
+  return copy;
+}
+
+// In bounded pieces, so that the file is never in memory twice.
+static bool readKestoRecords(Input& input, PositionFile& file) {
+  constexpr std::size_t pieceSize = 256;
+  KestoTradeRec piece[pieceSize];
+  TradeRec132* const records = static_cast<TradeRec132*>(file.block);
+  for (std::size_t done = 0; done < file.count;) {
+    const std::size_t wanted = std::min(pieceSize, file.count - done);
+    const std::size_t got = inputReadRecords(input, piece, sizeof(KestoTradeRec), wanted);
+    std::transform(piece, piece + got, records + done, positionFromKesto);
+    if (got < wanted) return false;
+    done += got;
+  }
+  return true;
+}
+
+bool positionReadRecords(Input& input, PositionFile& file, bool isLendingFile) {
+  TradeHeader again;
+  if (!inputRead(input, &again, sizeof again)) return false;
+  if (file.fromKesto) return readKestoRecords(input, file);
+
+  const std::size_t size = tradeRecordSize(positionLayoutInFile(file));
+  if (inputReadRecords(input, file.block, size, file.count) < file.count) return false;
+  if (isLendingFile && !file.recordSize132 && file.header.fileKind != 'B') {
+    rewriteLends(static_cast<TradeRec144*>(file.block), file.count);
+  }
+  return true;
+}
+
+// ---- The lists --------------------------------------------------------------------------------------------------------
+
+bool positionExcludes(char tradeType) { return tradeType == 'O' || tradeType == 'D' || tradeType == 'X'; }
+
+static unsigned char folded(char c) {
+  const unsigned char letter = static_cast<unsigned char>(c);
+  return letter >= 'A' && letter <= 'Z' ? static_cast<unsigned char>(letter - 'A' + 'a') : letter;
+}
+
+static int compareFolded(std::string_view a, std::string_view b) {
+  const std::size_t common = std::min(a.size(), b.size());
+  for (std::size_t i = 0; i < common; ++i) {
+    const int difference = folded(a[i]) - folded(b[i]);
+    if (difference != 0) return difference;
+  }
+  return a.size() < b.size() ? -1 : a.size() > b.size() ? 1 : 0;
+}
+
+namespace {
+
+// The texts met so far, each once without regard to case. A file of a million records may hold tens of thousands of clients,
+// so that a text is found by its hash and not by a walk.
+struct TextSet {
+  std::vector<std::string> texts;    // as spelled first, in the order in which they came
+  std::vector<std::uint32_t> slots;  // by hash: position in texts + 1; 0 is free
+};
+
+}  // namespace
+
+static std::size_t hashFolded(std::string_view text) {
+  std::uint64_t hash = 14695981039346656037u;  // FNV-1a
+  for (char c : text) hash = (hash ^ folded(c)) * 1099511628211u;
+  return static_cast<std::size_t>(hash ^ (hash >> 32));
+}
+
+// The slot that holds the text, or the free one where it belongs.
+static std::size_t slotOf(const TextSet& set, std::string_view text) {
+  std::size_t slot = hashFolded(text) & (set.slots.size() - 1);
+  while (set.slots[slot] != 0 && compareFolded(set.texts[set.slots[slot] - 1], text) != 0) {
+    slot = (slot + 1) & (set.slots.size() - 1);
+  }
+  return slot;
+}
+
+static void offerText(TextSet& set, std::string_view text) {
+  // Never more than half full; the size stays a power of two.
+  if (set.texts.size() * 2 >= set.slots.size()) {
+    set.slots.assign(std::max<std::size_t>(1024, set.slots.size() * 2), 0);
+    for (std::size_t i = 0; i < set.texts.size(); ++i) {
+      set.slots[slotOf(set, set.texts[i])] = static_cast<std::uint32_t>(i + 1);
+    }
+  }
+  const std::size_t slot = slotOf(set, text);
+  if (set.slots[slot] != 0) return;
+  set.texts.emplace_back(text);
+  set.slots[slot] = static_cast<std::uint32_t>(set.texts.size());
+}
+
+template <class Record>
+static PositionLists listsOf(const Record* records, std::size_t count) {
+  TextSet clients, scrips;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (positionExcludes(records[i].tradeType)) continue;
+    offerText(clients, records[i].clientId.view());
+    offerText(scrips, records[i].scripId.view());
+  }
+  const auto before = [](const std::string& a, const std::string& b) { return compareFolded(a, b) < 0; };
+  std::sort(clients.texts.begin(), clients.texts.end(), before);
+  std::sort(scrips.texts.begin(), scrips.texts.end(), before);
+  return {std::move(clients.texts), std::move(scrips.texts)};
+}
+
+PositionLists positionListsOf(const PositionFile& file) {
+  if (file.recordSize132) return listsOf(static_cast<const TradeRec132*>(file.block), file.count);
+  return listsOf(static_cast<const TradeRec144*>(file.block), file.count);
+}
+
+// ---- The totals -------------------------------------------------------------------------------------------------------
+
+static std::int32_t wrappingSum(std::int32_t a, std::int32_t b) {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
+}
+
+void positionAdd(NetPosRow& row, const TextField<12>& name, std::int32_t rate, std::int32_t qty, char side, bool kesto) {
+  row.name = name;
+  const double price = rate / (kesto ? 10000.0 : 100.0);
+  const double value = static_cast<double>(qty) * price;
+  const bool buys = kesto ? side == 'S' || side == 'T' : side == 'B';
+  const bool sells = kesto ? side == 'M' || side == 'V' : side == 'S';
+  if (buys) {
+    row.buyValue += value;
+    row.buyQty = wrappingSum(row.buyQty, qty);
+  } else if (sells) {
+    row.sellValue += value;
+    row.sellQty = wrappingSum(row.sellQty, qty);
+  }
+}
+
+namespace {
+
+// One record as a walk sees it.
+struct Leg {
+  const TextField<12>* name;  // the group's key
+  std::int32_t rate;
+  std::int32_t qty;
+  char side;
+  char tradeType;
+};
+
+using Order = std::unique_ptr<std::uint32_t[]>;
+
+}  // namespace
+
+static bool isSameName(const TextField<12>& a, const TextField<12>& b) {
+  return std::strncmp(a.bytes, b.bytes, sizeof a.bytes) == 0;
+}
+
+// Walks `count` legs in report order and calls add(row index, leg) for each that takes part. Names are compared with regard
+// to case. The row goes on only behind a leg that takes part: where the last leg of a group is excluded, the next group piles
+// up on the same row and under its own name, as it always has. Gives the number of rows to which anything was added.
+template <class LegAt, class Add>
+static std::size_t walkGroups(std::size_t count, LegAt legAt, Add add) {
+  std::size_t row = 0;
+  bool rowStarted = false;
+  for (std::size_t i = 0; i < count; ++i) {
+    const Leg leg = legAt(i);
+    if (positionExcludes(leg.tradeType)) continue;
+    add(row, leg);
+    const bool endsGroup = i + 1 == count || !isSameName(*leg.name, *legAt(i + 1).name);
+    if (endsGroup) ++row;
+    rowStarted = !endsGroup;
+  }
+  return row + (rowStarted ? 1 : 0);
+}
+
+// One row for each list entry and one more is the measure of the block; names that differ only in case share an entry but
+// not a row, so that a file which has them may need more.
+template <class LegAt>
+static bool totalGroups(std::size_t count, LegAt legAt, bool kesto, std::size_t listCount, PositionTotals& totals) {
+  const std::size_t needed = walkGroups(count, legAt, [](std::size_t, const Leg&) {});
+  const std::size_t size = std::max(listCount + 1, needed);
+  totals.rows = static_cast<NetPosRow*>(memoryTake(size * sizeof(NetPosRow)));
+  if (!totals.rows) return false;
+  totals.rowCount = walkGroups(count, legAt, [&totals, kesto](std::size_t row, const Leg& leg) {
+    positionAdd(totals.rows[row], *leg.name, leg.rate, leg.qty, leg.side, kesto);
+  });
+  return true;
+}
+
+// Null when there is no memory for it.
+static Order orderOf(const Records& records, const RecordKey& key) {
+  Order order(new (std::nothrow) std::uint32_t[records.count + 1]);
+  if (order && !recordOrder(records, key, {KeyKind::none, 0, 0}, order.get())) order.reset();
+  return order;
+}
+
+static bool isKesto(const PositionFile& file) { return file.header.fileKind == 'B'; }
+
+// Rows of all records, by client or by scrip.
+template <class Record>
+static bool totalRecords(const PositionFile& file, TextField<12> Record::*name, const RecordKey& key, std::size_t listCount,
+                         PositionTotals& totals) {
+  const Record* const records = static_cast<const Record*>(file.block);
+  const Order order = orderOf({records, sizeof(Record), file.count}, key);
+  if (!order) return false;
+  const auto legAt = [records, name, &order](std::size_t i) -> Leg {
+    const Record& record = records[order[i]];
+    return {&(record.*name), record.rate, record.qty, record.side, record.tradeType};
+  };
+  return totalGroups(file.count, legAt, isKesto(file), listCount, totals);
+}
+
+// Copies the records whose `field` is the chosen text into totals.details; gives their number.
+template <class Record>
+static std::size_t copyDetails(const PositionFile& file, TextField<12> Record::*field, std::string_view chosen,
+                               PositionTotals& totals) {
+  const Record* const records = static_cast<const Record*>(file.block);
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < file.count; ++i) {
+    const Record& record = records[i];
+    if (positionExcludes(record.tradeType) || (record.*field).view() != chosen) continue;
+    totals.details[count++] = {record.scripId,  record.scripCode, record.rate,     record.qty,
+                               record.clientId, record.side,      record.tradeType};
+  }
+  return count;
+}
+
+// Rows of the chosen client's or scrip's records, by the other of the two.
+static bool totalDetails(const PositionFile& file, std::size_t count, TextField<12> NetPosDetail::*name, const RecordKey& key,
+                         std::size_t listCount, PositionTotals& totals) {
+  const NetPosDetail* const details = totals.details;
+  const Order order = orderOf({details, sizeof(NetPosDetail), count}, key);
+  if (!order) return false;
+  const auto legAt = [details, name, &order](std::size_t i) -> Leg {
+    const NetPosDetail& detail = details[order[i]];
+    return {&(detail.*name), detail.rate, detail.qty, detail.side, detail.tradeType};
+  };
+  return totalGroups(count, legAt, isKesto(file), listCount, totals);
+}
+
+template <class Record>
+static PositionBlock totalOf(const PositionFile& file, const PositionChoice& choice, PositionTotals& totals) {
+  constexpr std::size_t width = sizeof(TextField<12>);
+  const RecordKey byClient = {KeyKind::foldedText, offsetof(Record, clientId), width};
+  const RecordKey byScrip = {KeyKind::text, offsetof(Record, scripId), width};
+  const RecordKey detailsByClient = {KeyKind::foldedText, offsetof(NetPosDetail, client), width};
+  const RecordKey detailsByScrip = {KeyKind::text, offsetof(NetPosDetail, scrip), width};
+  const auto takeDetails = [&file, &totals] {
+    totals.details = static_cast<NetPosDetail*>(memoryTake((file.count + 1) * sizeof(NetPosDetail)));
+    return totals.details != nullptr;
+  };
+
+  switch (choice.report) {
+    case PositionReport::clientWise:
+      if (!totalRecords(file, &Record::clientId, byClient, choice.clientCount, totals)) return PositionBlock::clientNetPos;
+      return PositionBlock::none;
+    case PositionReport::scripWise:
+      if (!totalRecords(file, &Record::scripId, byScrip, choice.scripCount, totals)) return PositionBlock::scripNetPos;
+      return PositionBlock::none;
+    case PositionReport::clientScrip: {
+      if (!takeDetails()) return PositionBlock::scripByClient;
+      const std::size_t count = copyDetails(file, &Record::clientId, choice.client, totals);
+      const bool taken = totalDetails(file, count, &NetPosDetail::scrip, detailsByScrip, choice.scripCount, totals);
+      return taken ? PositionBlock::none : PositionBlock::csNetPos;
+    }
+    case PositionReport::scripClient: {
+      if (!takeDetails()) return PositionBlock::clientsInScrip;
+      const std::size_t count = copyDetails(file, &Record::scripId, choice.scrip, totals);
+      const bool taken = totalDetails(file, count, &NetPosDetail::client, detailsByClient, choice.clientCount, totals);
+      return taken ? PositionBlock::none : PositionBlock::scNetPos;
+    }
+  }
+  return PositionBlock::none;
+}
+
+PositionBlock positionTotal(const PositionFile& file, const PositionChoice& choice, PositionTotals& totals) {
+  return file.recordSize132 ? totalOf<TradeRec132>(file, choice, totals) : totalOf<TradeRec144>(file, choice, totals);
+}
+
+void positionFreeTotals(PositionTotals& totals) {
+  memoryFree(totals.details);
+  memoryFree(totals.rows);
+  totals = {};
+}
+
+// ---- What a row says --------------------------------------------------------------------------------------------------
+
+static std::int64_t averageOf(double value, std::int32_t qty) { return qty > 0 ? roundHalfAway(value / qty * 100.0) : 0; }
+
+std::int64_t positionAverageBuy(const NetPosRow& row) { return averageOf(row.buyValue, row.buyQty); }
+
+std::int64_t positionAverageSell(const NetPosRow& row) { return averageOf(row.sellValue, row.sellQty); }
+
+std::int32_t positionNetQty(const NetPosRow& row) {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(row.buyQty) - static_cast<std::uint32_t>(row.sellQty));
+}
+
+double positionNetValue(const NetPosRow& row) { return row.buyValue - row.sellValue; }
+
+double positionBreakEven(const NetPosRow& row) {
+  const std::int32_t netQty = positionNetQty(row);
+  return netQty != 0 ? positionNetValue(row) / netQty : 0;
+}
+
+}  // namespace quillon
