@@ -32,7 +32,7 @@ def refusals():
                 scripted_files = parts[1:3] == ("desktop", "scripted")
                 if name.lower() == "windows.h" and not windows_place and not scripted_files:
                     yield f"{at}: <windows.h> outside desktop/windows: report and form code must not know which desktop it runs on"
-                if name.endswith("_form.h") and folder_of(path) in SUBSYSTEMS and not name.startswith(folder_of(path) + "/"):
+                if name.endswith("_form.h") and folder_of(path) in SUBSYSTEMS and not name.startswith((folder_of(path) + "/", "frame/")):
                     yield f"{at}: one form includes another: what forms share belongs in frame/"
                 if name == "resource.h" and folder_of(path) in ("text",):
                     yield f"{at}: text/ knows nothing of forms"
