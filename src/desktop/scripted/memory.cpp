@@ -1,8 +1,13 @@
 #include "desktop/scripted/memory.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <vector>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
 
 #include "desktop/scripted/faults.h"
 
@@ -13,10 +18,26 @@ static constexpr std::size_t largestBlock = std::size_t{1} << 38;
 
 static std::vector<void*> held;
 
+// A day's records fill a block of many megabytes, which a report then walks in an order that is not the block's. In pages of
+// 2 MB the system has them ready sooner, and finding each is cheaper. Without them all is the same, only slower.
+static void preferLargePages(void* block, std::size_t size) {
+#ifdef __linux__
+  constexpr std::size_t page = 4096;
+  constexpr std::size_t worthwhile = std::size_t{4} << 20;
+  if (size < worthwhile) return;
+  const std::size_t skipped = (page - reinterpret_cast<std::uintptr_t>(block) % page) % page;
+  static_cast<void>(madvise(static_cast<char*>(block) + skipped, (size - skipped) / page * page, MADV_HUGEPAGE));
+#else
+  static_cast<void>(block);
+  static_cast<void>(size);
+#endif
+}
+
 void* memoryTake(std::size_t size) {
   if (faultFires(Fault::memory) || size > largestBlock) return nullptr;
   void* block = std::calloc(size > 0 ? size : 1, 1);
   if (block) held.push_back(block);
+  if (block) preferLargePages(block, size);
   return block;
 }
 
