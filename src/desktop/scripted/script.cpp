@@ -1,5 +1,6 @@
 #include "desktop/scripted/script.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
 #include <utility>
@@ -100,13 +101,12 @@ static void writeRefusal(const std::string& reason) {
 
 // A whole number in digits, no larger than any control's id or any count that matters; larger ones are cut there.
 static std::optional<int> numberOf(std::string_view text) {
-  static constexpr int largest = 1'000'000'000;
+  static constexpr int largest = 100'000'000;
   if (text.empty()) return std::nullopt;
   int number = 0;
   for (char c : text) {
     if (c < '0' || c > '9') return std::nullopt;
-    if (number < largest) number = number * 10 + (c - '0');
-    if (number > largest) number = largest;
+    number = std::min(number * 10 + (c - '0'), largest);
   }
   return number;
 }
