@@ -1,5 +1,6 @@
 #include "report_forms.h"
 
+#include "brokerquery/broker_form.h"
 #include "position/position_form.h"
 #include "trades/trades_form.h"
 
@@ -10,6 +11,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTRPT", tradesFormEvent},
     {"PRNTNP", netPositionFormEvent},
     {"PRNTNPRET", slbPositionFormEvent},
+    {"PRNTBRKREP", brokerQueryFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }
