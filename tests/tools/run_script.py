@@ -8,7 +8,8 @@ A case is a folder with
     transcript      the JSON lines that they must bring about, compared line by line as JSON
     make.py         (optional) makes input files in the current folder, with the builders in tests/tools
     expected/       (optional) every file that the run must leave, byte for byte
-    status          (optional) the exit status, where it is not the one of the transcript's last line
+    status          (optional) the exit status, where the transcript has no last line that tells it
+    not-on-windows  (optional) why the real program cannot run it; not read here
 Files that the run leaves and expected/ does not have are a failure; so is a changed or lost input.
 
 The run happens in a fresh folder, with samples/export copied to export/. What came out is kept beside the build, in
