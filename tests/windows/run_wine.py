@@ -1,0 +1,94 @@
+#!/usr/bin/env python3
+"""Runs the script tests on the real quillon.exe, under Wine, worked from outside as a user works it.
+
+    run_wine.py --build build/windows tests/scripts/trades/cancel_after_load ...
+
+Each script gets a fresh program in a fresh folder. What is seen must agree with the approved transcript of the scripted
+desktop (agreement.py says in what), and the files that are left must be those of expected/, byte for byte. A case with a
+file not-on-windows is passed over; the file says why. What came out is kept in received/ under the build folder.
+"""
+
+import argparse
+import os
+import shutil
+import sys
+import time
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path[:0] = [HERE, os.path.join(HERE, "..", "tools")]
+
+import agreement  # noqa: E402
+import run_script  # noqa: E402
+import transcripts  # noqa: E402
+import wine_desktop  # noqa: E402
+
+
+def compare(case, received):
+    path = os.path.join(case, "transcript")
+    if not os.path.exists(path):
+        return "there is no approved transcript yet"
+    with open(path, encoding="utf-8") as file:
+        wanted = transcripts.parse(file.read())
+    try:
+        seen = transcripts.parse(received)
+    except transcripts.NotATranscript as error:
+        return str(error)
+    return transcripts.difference(agreement.seen_from_outside(wanted), agreement.seen_from_outside(seen))
+
+
+def run_case(desktop, case):
+    """What went wrong, as a list of texts to read."""
+    folder = wine_desktop.new_folder()
+    try:
+        run_script.prepare(case, folder)
+        before = run_script.files_under(folder)
+        transcript, complaint = desktop.run_script(folder, os.path.join(case, "script"))
+        after = run_script.files_under(folder)
+    finally:
+        shutil.rmtree(folder, ignore_errors=True)
+    name = os.path.normpath(case).split(os.sep)[-2:]
+    run_script.keep_received(os.path.join(desktop.build, "received", *name), transcript.encode("utf-8"), before, after)
+    problems = [complaint] if complaint else []
+    problems.append(compare(case, transcript))
+    problems += run_script.compare_files(case, before, after)
+    return [problem for problem in problems if problem]
+
+
+def cases_below(folder):
+    return sorted(base for base, _, names in os.walk(folder) if "script" in names)
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Runs script tests on the real program under Wine.")
+    parser.add_argument("--build", required=True, help="the build folder with quillon.exe and quillon-driver.exe")
+    parser.add_argument("--all", metavar="FOLDER", help="every case below this folder")
+    parser.add_argument("cases", nargs="*", metavar="CASE", help="a folder with a script")
+    options = parser.parse_args()
+
+    cases = [os.path.abspath(case) for case in options.cases + (cases_below(options.all) if options.all else [])]
+    if not cases:
+        print("no case was found")
+        return 1
+    failed, passed_over = 0, 0
+    started = time.monotonic()
+    try:
+        with wine_desktop.Desktop(options.build) as desktop:
+            for case in cases:
+                if os.path.exists(os.path.join(case, "not-on-windows")):
+                    passed_over += 1
+                    continue
+                problems = run_case(desktop, case)
+                if problems:
+                    failed += 1
+                    print("FAILED %s\n%s\n" % (case, "\n\n".join(problems)), flush=True)
+    except wine_desktop.DesktopError as error:
+        print(error)
+        return 1
+    ran = len(cases) - passed_over
+    print("%d of %d scripts agree with the real program; %d passed over, as not-on-windows says; %.0f seconds"
+          % (ran - failed, ran, passed_over, time.monotonic() - started))
+    return 1 if failed or ran == 0 else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
