@@ -1,0 +1,36 @@
+#!/usr/bin/env python3
+"""Makes the seeds in fuzz/corpus from the samples: a file's bytes with a few bytes of choices behind them."""
+
+import pathlib
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+SAMPLES = ROOT / "samples" / "export"
+KEPT = 4096  # bytes of a sample; the whole of a small one
+
+# target -> patterns of the samples that its form can load
+FORMS = {
+    "trades": ["TR*", "STR*", "TO*", "CT*"],
+    "net_position": ["TR*", "CT*"],
+    "slb_position": ["STR*"],
+    "broker_query": ["B[Rrb]*", "SB*", "BB*", "CB*"],
+    "touchlines": ["*.SAV", "*.SSAV"],
+    "trader_limits": ["*.TRD", "*.TSL", "*.STRD", "*.STSL"],
+}
+# What stands at the end of an input, last byte first: name, pressed (4 bytes), answers, lines, fault kind and number, moves.
+CHOICES = [
+    bytes(10),
+    bytes([4, 0, 0, 0, 0, 0, 255, 255, 255, 0]),
+    bytes([6, 1, 0, 20, 1, 0x55, 0x55, 0x55, 0x55, 1]),
+]
+
+for target, patterns in FORMS.items():
+    folder = ROOT / "fuzz" / "corpus" / target
+    folder.mkdir(parents=True, exist_ok=True)
+    for sample in sorted({p for pattern in patterns for p in SAMPLES.glob(pattern)}):
+        for number, choices in enumerate(CHOICES):
+            (folder / f"{sample.name}.{number}").write_bytes(sample.read_bytes()[:KEPT] + choices)
+
+commands = ROOT / "fuzz" / "corpus" / "commands"
+commands.mkdir(parents=True, exist_ok=True)
+for script in sorted((ROOT / "tests" / "scripts").glob("*/*/script")):
+    (commands / f"{script.parent.parent.name}.{script.parent.name}").write_bytes(script.read_bytes()[:KEPT])
