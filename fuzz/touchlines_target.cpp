@@ -1,6 +1,6 @@
 // Arbitrary bytes through the whole run of the form PRNTTLINE.
 
-#include "../resources/resource.h"
+#include "resource.h"
 #include "whole_run.h"
 
 namespace quillon::fuzz {
