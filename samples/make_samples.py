@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes the sample trade files of samples/export, always the same bytes. Scrips, members and clients are invented.
+"""Makes the sample files of samples/export, always the same bytes. Scrips, members and clients are invented.
 
     make_samples.py [FOLDER]      writes into FOLDER, samples/export where none is given
 """
@@ -10,7 +10,7 @@ import sys
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tests", "tools"))
 
-from workfiles import header, kestoTrade, trade132, trade144, write  # noqa: E402
+from workfiles import broker132, broker160, header, kestoBroker, kestoTrade, trade132, trade144, write  # noqa: E402
 
 # code, symbol, group, price in rupees around which it trades
 SCRIPS = (
@@ -101,8 +101,47 @@ def kesto(seed, date, count):
     return records
 
 
-def start(fileKind, date):
-    return header(fileKind=fileKind, memberId=MEMBER, traderId=TRADER, date=date, time="15:47:20")
+def brokerQuery(chance, index, time, date, trn):
+    """A broker query file holds the trades of all the member's traders."""
+    fields = common(chance, index, time, date, trn)
+    fields.update(leadingNumber=index + 1, traderNo=1 + chance.below(TRADER), counterBroker=fields.pop("brokerId"),
+                  counterTrader=fields.pop("traderId"), tradeTime=fields.pop("time"), tradeDate=fields.pop("date"),
+                  instId=fields.pop("cliTyp").replace("CLIENT_SD", "CL_SD"))
+    return fields
+
+
+def broker132s(seed, date, count):
+    chance = Chance(seed)
+    return [broker132(**brokerQuery(chance, i, time, date, 9010100)) for i, time in enumerate(times(chance, count))]
+
+
+def broker160s(seed, date, count, tradeTypes, trn, settlement):
+    chance = Chance(seed)
+    groups = {symbol: group for _, symbol, group, _ in SCRIPS}
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        fields = brokerQuery(chance, i, time, date, trn)
+        fields.update(tradeType=chance.of(tradeTypes), orderTimeStamp=date + " " + before(chance, time),
+                      scripGroup=groups[fields["scripId"]], settlementPart1=2009, settlementPart2=settlement)
+        records.append(broker160(**fields))
+    return records
+
+
+def kestoBrokers(seed, date, count):
+    chance = Chance(seed)
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        fields = brokerQuery(chance, i, time, date, 70000)
+        for name in ("side", "tradeType", "trnId", "instId"):
+            del fields[name]
+        fields.update(legCode=chance.of("TSMV"), trdId=4001 + i, rate=fields["rate"] * 100 // 50, days=chance.of((7, 14, 30)),
+                      settFyear="001/2008-2009")
+        records.append(kestoBroker(**fields))
+    return records
+
+
+def start(fileKind, date, kind="T"):
+    return header(fileKind=fileKind, kind=kind, memberId=MEMBER, traderId=TRADER, date=date, time="15:47:20")
 
 
 def makeTradeFiles(folder):
@@ -117,5 +156,18 @@ def makeTradeFiles(folder):
     make("CT010109.B01", "B", "01/01/2009", kesto(6, "01/01/2009", 20))
 
 
+def makeBrokerQueryFiles(folder):
+    def make(name, fileKind, date, records):
+        write(os.path.join(folder, name), start(fileKind, date, kind="B"), *records)
+
+    make("BR010109.BIN", "N", "01/01/2009", broker132s(11, "01/01/2009", 60))
+    make("BR210509.BIN", "V", "21/05/2009", broker160s(12, "21/05/2009", 24, "LLLTO", 521000000, 37))
+    make("BR250509.BIN", "V", "25/05/2009", broker160s(13, "25/05/2009", 24, "LLLTO", 200905250000000, 39))
+    make("BR250509.SBIN", "V", "25/05/2009", broker160s(14, "25/05/2009", 16, "L", 7000000, 12))
+    make("BB010109.BIN", "B", "01/01/2009", kestoBrokers(15, "01/01/2009", 20))
+
+
 if __name__ == "__main__":
-    makeTradeFiles(sys.argv[1] if len(sys.argv) > 1 else os.path.join(HERE, "export"))
+    folder = sys.argv[1] if len(sys.argv) > 1 else os.path.join(HERE, "export")
+    makeTradeFiles(folder)
+    makeBrokerQueryFiles(folder)

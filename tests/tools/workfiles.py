@@ -124,6 +124,71 @@ KESTO = Layout(
     ("settFyear", 86, 56, "text"),
 )
 
+BROKER132 = Layout(
+    132,
+    ("leadingNumber", 0, 4, "number"),
+    ("traderNo", 4, 4, "number"),
+    ("scripCode", 8, 4, "number"),
+    ("scripId", 12, 12, "text"),
+    ("rate", 24, 4, "number"),  # hundredths
+    ("qty", 28, 4, "number"),
+    ("counterBroker", 32, 4, "number"),
+    ("counterTrader", 36, 4, "number"),
+    ("tradeTime", 40, 9, "text"),
+    ("tradeDate", 49, 11, "text"),
+    ("clientId", 60, 12, "text"),
+    ("trnId", 72, 8, "number"),
+    ("tradeType", 80, 1, "char"),
+    ("side", 81, 1, "char"),
+    ("trdId", 82, 4, "number"),
+    ("instId", 86, 11, "text"),
+    ("tailText", 97, 35, "text"),
+)
+
+BROKER160 = Layout(
+    160,
+    ("leadingNumber", 0, 4, "number"),
+    ("traderNo", 4, 4, "number"),
+    ("scripCode", 8, 4, "number"),
+    ("scripId", 12, 12, "text"),
+    ("rate", 24, 4, "number"),  # hundredths
+    ("qty", 28, 4, "number"),
+    ("counterBroker", 32, 4, "number"),
+    ("counterTrader", 36, 4, "number"),
+    ("tradeTime", 40, 9, "text"),
+    ("tradeDate", 49, 11, "text"),
+    ("orderTimeStamp", 60, 20, "text"),  # "dd/mm/yyyy hh:mm:ss"
+    ("clientId", 80, 12, "text"),
+    ("trnId", 92, 8, "number"),
+    ("tradeType", 100, 1, "char"),
+    ("side", 101, 1, "char"),
+    ("trdId", 102, 4, "number"),
+    ("instId", 106, 11, "text"),
+    ("tailText", 117, 15, "text"),
+    ("scripGroup", 132, 20, "text"),
+    ("settlementPart1", 152, 2, "number"),
+    ("settlementPart2", 156, 4, "number"),
+)
+
+KESTO_BROKER = Layout(
+    142,
+    ("leadingNumber", 0, 4, "number"),
+    ("traderNo", 4, 4, "number"),
+    ("scripCode", 8, 4, "number"),
+    ("scripId", 12, 12, "text"),
+    ("rate", 24, 4, "number"),  # ten-thousandths
+    ("qty", 28, 4, "number"),
+    ("counterBroker", 32, 4, "number"),
+    ("counterTrader", 36, 4, "number"),
+    ("tradeTime", 40, 9, "text"),
+    ("tradeDate", 49, 11, "text"),
+    ("clientId", 60, 12, "text"),
+    ("legCode", 72, 1, "char"),
+    ("trdId", 74, 4, "number"),
+    ("days", 78, 1, "number"),
+    ("settFyear", 79, 63, "text"),
+)
+
 
 def header(fileKind="N", kind="T", memberId=123, traderId=7, date="01/01/2009", time="16:05:09", **fields):
     day, month, year = (int(part) for part in date.split("/"))
@@ -155,6 +220,31 @@ def kestoTrade(**fields):
                   settFyear="012/2009-2010")
     values.update(fields)
     return KESTO.pack(values)
+
+
+def broker132(**fields):
+    values = dict(leadingNumber=1, traderNo=7, scripCode=500010, scripId="AXLE", rate=12345, qty=100, counterBroker=12,
+                  counterTrader=3, tradeTime="10:15:30", tradeDate="01/01/2009", clientId="C0001", trnId=90101000001,
+                  tradeType="L", side="B", trdId=1001, instId="CLIENT")
+    values.update(fields)
+    return BROKER132.pack(values)
+
+
+def broker160(**fields):
+    values = dict(leadingNumber=1, traderNo=7, scripCode=500010, scripId="AXLE", rate=12345, qty=100, counterBroker=12,
+                  counterTrader=3, tradeTime="10:15:30", tradeDate="25/05/2009", orderTimeStamp="25/05/2009 10:15:01",
+                  clientId="C0001", trnId=90525000001, tradeType="L", side="B", trdId=1001, instId="CLIENT", scripGroup="A",
+                  settlementPart1=2009, settlementPart2=37)
+    values.update(fields)
+    return BROKER160.pack(values)
+
+
+def kestoBroker(**fields):
+    values = dict(leadingNumber=1, traderNo=7, scripCode=500010, scripId="AXLE", rate=1234500, qty=100, counterBroker=12,
+                  counterTrader=3, tradeTime="10:15:30", tradeDate="01/01/2009", clientId="C0001", legCode="S", trdId=1001,
+                  days=7, settFyear="012/2009-2010")
+    values.update(fields)
+    return KESTO_BROKER.pack(values)
 
 
 def write(name, *pieces):
