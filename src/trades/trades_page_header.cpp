@@ -22,7 +22,7 @@ static void printHeading(Output& out, const TradesReport& report) {
 static void printShortOld(Output& out) {
   print<"%127s\n">(out, ruleOf(127));
   print<"%1c%21s%8c%19c%19s%10c%11s%1c%12s%1c%6s%1c%9s%1c%6s%1c\n">(
-      out, '|', "Bought from", '|', '|', "Sold to ", '|', "ClientId", '|', "TrnId", '|', "TrdId", '|', "Time", '|', "InstId",
+      out, '|', "Bought from", '|', '|', "Sold to  ", '|', "ClientId", '|', "TrnId", '|', "TrdId", '|', "Time", '|', "InstId",
       '|');
   print<"%1c%28s%1c%18s%1c%28s%1c%12c%13c%7c%10c%7c\n">(
       out, '|', ruleOf(28), '|', ruleOf(18), '|', ruleOf(28), '|', '|', '|', '|', '|', '|');
