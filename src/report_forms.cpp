@@ -2,6 +2,8 @@
 
 #include "brokerquery/broker_form.h"
 #include "position/position_form.h"
+#include "market/touchlines_form.h"
+#include "market/trader_limits_form.h"
 #include "trades/trades_form.h"
 
 namespace quillon {
@@ -12,6 +14,8 @@ static constexpr FormEntry entries[] = {
     {"PRNTNP", netPositionFormEvent},
     {"PRNTNPRET", slbPositionFormEvent},
     {"PRNTBRKREP", brokerQueryFormEvent},
+    {"PRNTTLINE", touchlinesFormEvent},
+    {"PRNTTRDLM", traderLimitsFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

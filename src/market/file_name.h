@@ -1,0 +1,13 @@
+// Which files a form of this folder takes, told from the name alone.
+#pragma once
+
+#include <initializer_list>
+#include <string_view>
+
+namespace quillon {
+
+// True when any of `pieces`, given in upper case, stands anywhere in the path, whatever the case of the path's own letters.
+// The path itself is left as it is, so that it still leads to the file where names differ by case.
+bool fileNameHolds(std::string_view path, std::initializer_list<std::string_view> pieces);
+
+}  // namespace quillon

@@ -1,0 +1,93 @@
+#include "market/trader_limits_file.h"
+
+#include <cstring>
+
+#include "text/scan.h"
+#include "text/tokens.h"
+
+namespace quillon {
+
+// Sizes of the buffers a line is read into, and so one more than the characters of a piece.
+static constexpr std::size_t headerLimit = 250;
+static constexpr std::size_t kestoCountLimit = 90;
+static constexpr std::size_t kestoTraderReadLimit = 120;
+static constexpr std::size_t kestoScripReadLimit = 200;
+
+static LimitLineResult readPiece(Input& input, char* text, std::size_t limit) {
+  std::size_t length = 0;
+  if (inputReadPiece(input, text, limit, &length)) return LimitLineResult::line;
+  return length == 0 ? LimitLineResult::end : LimitLineResult::failed;
+}
+
+LimitsLayout limitsLayout(const TraderLimitsHeader& header, bool kesto) {
+  const std::string_view title = header.title.view();
+  if (title == "Scripwise Limits") return kesto ? LimitsLayout::kestoScripwise : LimitsLayout::normalScripwise;
+  if (!kesto && title == "TraderWise Limits") return LimitsLayout::normalTraderwise;
+  if (kesto && title == "Binary Limits") return LimitsLayout::kestoTraderwise;
+  return LimitsLayout::none;
+}
+
+bool readTraderLimitsHeader(Input& input, TraderLimitsHeader& header) {
+  header = {};
+  char text[headerLimit];
+  if (!inputReadPiece(input, text, headerLimit)) return false;
+  scan<"%[^|]|%ld|%[^|]|%ld|">(text, header.title, header.brokerId, header.date, header.traderId);
+  return true;
+}
+
+LimitLineResult readLimitLine(Input& input, std::size_t limit, LimitLine& line) {
+  line.count = 0;
+  const LimitLineResult result = readPiece(input, line.text, limit);
+  if (result != LimitLineResult::line) return result;
+  const std::string_view text(line.text, std::strcspn(line.text, "\n"));  // the line end is part of no token
+  if (text.empty()) return LimitLineResult::end;
+  Tokens tokens = {text};
+  for (; line.count < limitLineTokens; ++line.count) {
+    line.tokens[line.count] = tokenNext(tokens, "|");
+    if (line.tokens[line.count].empty()) break;
+  }
+  return LimitLineResult::line;
+}
+
+LimitsCount countKestoLimits(Input& input) {
+  char text[kestoCountLimit];
+  LimitsCount count = {};
+  LimitLineResult result = readPiece(input, text, kestoCountLimit);
+  for (; result == LimitLineResult::line; result = readPiece(input, text, kestoCountLimit)) ++count.pieces;
+  count.failed = result == LimitLineResult::failed;
+  return count;
+}
+
+bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t count) {
+  char text[kestoTraderReadLimit];
+  LimitLineResult result = readPiece(input, text, kestoTraderReadLimit);
+  bool whole = result != LimitLineResult::failed;
+  for (std::size_t i = 0; i < count && (result = readPiece(input, text, kestoTraderReadLimit)) != LimitLineResult::end; ++i) {
+    if (result == LimitLineResult::failed) {
+      whole = false;
+      continue;
+    }
+    KestoTraderLimit& r = records[i];
+    std::int32_t flags = 0;
+    scan<"%ld|%[^|]|%ld|%ld|%ld|">(text, r.traderNo, r.traderName, flags, r.grossLendLimit, r.grossBorrowLimit);
+    r.controlFlags = static_cast<std::uint32_t>(flags);
+  }
+  return whole;
+}
+
+bool readKestoScripLimits(Input& input, KestoScripLimit* records, std::size_t count) {
+  char text[kestoScripReadLimit];
+  LimitLineResult result = readPiece(input, text, kestoScripReadLimit);
+  bool whole = result != LimitLineResult::failed;
+  for (std::size_t i = 0; i < count && (result = readPiece(input, text, kestoScripReadLimit)) != LimitLineResult::end; ++i) {
+    if (result == LimitLineResult::failed) {
+      whole = false;
+      continue;
+    }
+    KestoScripLimit& r = records[i];
+    scan<"%F[^|]|%Fld|%Fld|%Fld|">(text, r.scripId, r.scripCode, r.lendLimit, r.borrowLimit);
+  }
+  return whole;
+}
+
+}  // namespace quillon
