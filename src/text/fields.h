@@ -24,7 +24,7 @@ template <std::size_t N>
 void fieldSet(TextField<N>& field, std::string_view text) {
   const std::size_t size = text.size() < N - 1 ? text.size() : N - 1;
   std::memset(field.bytes, 0, N);
-  std::memcpy(field.bytes, text.data(), size);
+  if (size > 0) std::memcpy(field.bytes, text.data(), size);
 }
 
 }  // namespace quillon

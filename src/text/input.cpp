@@ -135,9 +135,11 @@ bool inputSeekStart(Input& input) {
   return fileSeekStart(input.file);
 }
 
+// Where it fails, the file goes on from where it stood, with the bytes that wait.
 bool inputRewind(Input& input) {
+  if (!fileRewind(input.file)) return false;
   forget(input);
-  return fileRewind(input.file);
+  return true;
 }
 
 std::int64_t inputTell(Input& input) {
@@ -179,9 +181,9 @@ bool inputReadPiece(Input& input, char* buffer, std::size_t limit, std::size_t* 
     input.next += part;
     size += part;
   }
+  if (length) *length = size;
   if (!granted || (size == 0 && limit > 1)) return false;
   buffer[size] = '\0';
-  if (length) *length = size;
   return true;
 }
 

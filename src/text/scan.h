@@ -170,7 +170,7 @@ inline const char* setEnd(const char* at, const char* end) {
 
 template <std::size_t N>
 inline void storeText(TextField<N>& field, const char* text, std::size_t size) {
-  if (size > N) size = N;
+  if (size > N - 1) size = N - 1;
   std::memcpy(field.bytes, text, size);
   std::memset(field.bytes + size, 0, N - size);
 }
