@@ -1,9 +1,9 @@
 #include "report_forms.h"
 
 #include "brokerquery/broker_form.h"
-#include "position/position_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
+#include "position/position_form.h"
 #include "trades/trades_form.h"
 
 namespace quillon {
