@@ -72,11 +72,14 @@ static bool readMemoryLine(std::string& line) {
   return true;
 }
 
-// The next line that is a command's; false at the end of the script.
+// The next line that is a command's; false at the end of the script, or where it cannot be read, which `error` then tells.
 static bool readLine() {
   for (;;) {
     state.line.clear();
-    if (!(state.file ? readFileLine(state.line) : readMemoryLine(state.line))) return false;
+    if (!(state.file ? readFileLine(state.line) : readMemoryLine(state.line))) {
+      if (state.file && std::ferror(state.file)) state.error = "cannot read the commands";
+      return false;
+    }
     ++state.lineNumber;
     if (state.line.ends_with('\r')) state.line.pop_back();
     if (state.lineNumber == 1 && state.line.starts_with("\xEF\xBB\xBF")) state.line.erase(0, 3);
@@ -256,6 +259,7 @@ static bool carryOutLine() {
 
 bool scriptCommand() {
   if (!std::exchange(state.pending, false) && !readLine()) {
+    if (!state.error.empty()) return false;
     appCloseWindow();
     return true;
   }
