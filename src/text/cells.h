@@ -163,8 +163,8 @@ inline bool scaledExactly(double value, std::uint64_t& scaled) {
   const int exponent = static_cast<int>((bits >> 52) & 0x7ff);
   const int shift = 1075 - exponent;
   if (shift <= 0) return false;
-  // Nothing below 2^-13 shows in four decimals, nor do the denormals, whose hidden bit would be none.
-  if (shift > 66) return scaled = 0, true;
+  // Below 2^-15 a value is less than half a unit of the fourth decimal; so are the denormals, whose hidden bit would be none.
+  if (shift > 67) return scaled = 0, true;
   const std::uint64_t mantissa = (bits & 0x000fffffffffffff) | 0x0010000000000000;
   if constexpr (Decimals <= 3) {
     // Below 2^63; a shift of 64 and more leaves less than half a unit.
@@ -294,7 +294,15 @@ inline char* putField(char* to, const char* bytes) {
     const std::size_t blanks = size < width ? width - size : 0;
     if constexpr (width > 0) putBlanks(to, width);
     if constexpr (C.left) {
-      std::memcpy(to, bytes, size);
+      // What lies behind the NUL is not text: blanks take its place.
+      constexpr std::uint64_t blankWord = everyByte * ' ';
+      const std::uint64_t lowText = lowEnd ? (std::uint64_t{1} << (size * 8)) - 1 : ~std::uint64_t{0};
+      storeWord(to, (low & lowText) | (blankWord & ~lowText));
+      if constexpr (N > 8) {
+        std::uint64_t highText = ~std::uint64_t{0};
+        if (size < 16) highText = size > 8 ? (std::uint64_t{1} << (size * 8 - 64)) - 1 : 0;
+        storeWord(to + 8, (high & highText) | (blankWord & ~highText));
+      }
     } else {
       storeWord(to + blanks, low);
       if constexpr (N > 8) storeWord(to + blanks + 8, high);
