@@ -8,6 +8,9 @@
 // cannot is listed in run_wine.py, which compares the two). Windows are found by class and process, controls by id; the
 // program itself knows nothing of this.
 //
+// Beyond those it knows four commands for what only Windows has: "frame" tells of the main window and its toolbar, "tab" and
+// "escape" press these keys on the form, "mnemonic P" presses Alt+P there.
+//
 // A command is carried out on a thread of its own, by messages that come back only when the program has handled them: so its
 // end is known, and no time has to be guessed. Until then this thread watches for boxes and dialogs and answers them.
 //
@@ -412,33 +415,46 @@ void writeChanges() {
 
 // ---- Boxes -------------------------------------------------------------------------------------------------------------
 
-// A picture as it stands on the screen, or as it would stand on the ground colour.
+// A square picture as it stands on the screen, or as it would stand on the ground colour.
 using Pixels = std::vector<COLORREF>;
 
-Pixels pixelsOf(HDC source, int x, int y, int size) {
-  Pixels pixels;
-  for (int row = 0; row < size; ++row) {
-    for (int column = 0; column < size; ++column) pixels.push_back(GetPixel(source, x + column, y + row));
-  }
-  return pixels;
-}
-
-Pixels pixelsOfIcon(const wchar_t* icon, int size, COLORREF ground) {
+// What `draw` puts onto a square of this size.
+template <class Draw>
+Pixels pixelsOf(int size, Draw draw) {
+  BITMAPINFO info = {};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = size;
+  info.bmiHeader.biHeight = -size;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
   const HDC screen = GetDC(nullptr);
   const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, size, size);
+  void* bits = nullptr;
+  const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
   const HGDIOBJ before = SelectObject(memory, bitmap);
-  const HBRUSH brush = CreateSolidBrush(ground);
-  const RECT area = {0, 0, size, size};
-  FillRect(memory, &area, brush);
-  DrawIconEx(memory, 0, 0, LoadIconW(nullptr, icon), size, size, 0, nullptr, DI_NORMAL);
-  const Pixels pixels = pixelsOf(memory, 0, 0, size);
+  draw(memory, screen);
+  GdiFlush();
+  Pixels pixels(static_cast<COLORREF*>(bits), static_cast<COLORREF*>(bits) + size * size);
+  for (COLORREF& pixel : pixels) pixel &= 0x00FFFFFF;
   SelectObject(memory, before);
-  DeleteObject(brush);
   DeleteObject(bitmap);
   DeleteDC(memory);
   ReleaseDC(nullptr, screen);
   return pixels;
+}
+
+Pixels pixelsOnScreen(int x, int y, int size) {
+  return pixelsOf(size, [=](HDC memory, HDC screen) { BitBlt(memory, 0, 0, size, size, screen, x, y, SRCCOPY); });
+}
+
+Pixels pixelsOfIcon(const wchar_t* icon, int size, COLORREF ground) {
+  return pixelsOf(size, [=](HDC memory, HDC) {
+    const RECT area = {0, 0, size, size};
+    const HBRUSH brush = CreateSolidBrush(RGB((ground >> 16) & 0xFF, (ground >> 8) & 0xFF, ground & 0xFF));
+    FillRect(memory, &area, brush);
+    DeleteObject(brush);
+    DrawIconEx(memory, 0, 0, LoadIconW(nullptr, icon), size, size, 0, nullptr, DI_NORMAL);
+  });
 }
 
 std::size_t distance(const Pixels& one, const Pixels& other) {
@@ -454,9 +470,7 @@ const char* iconOnScreen(HWND picture) {
   RECT area = {};
   GetWindowRect(picture, &area);
   const int size = std::min<int>(area.right - area.left, area.bottom - area.top);
-  const HDC screen = GetDC(nullptr);
-  const Pixels seen = pixelsOf(screen, area.left, area.top, size);
-  ReleaseDC(nullptr, screen);
+  const Pixels seen = pixelsOnScreen(area.left, area.top, size);
   for (const auto& [icon, name] : icons) {
     if (distance(seen, pixelsOfIcon(icon, size, seen[0])) * 20 < seen.size()) return name;
   }
@@ -495,7 +509,19 @@ const char* nameOfButton(int id) {
   }
 }
 
+// A run blocks the whole program until its box is answered: nothing but the box may take input.
+void expectBlocked(HWND dialog) {
+  for (HWND window : topWindows()) {
+    const bool ours = window == driver.mainWindow || formOf(window);
+    if (ours && window != dialog && IsWindowEnabled(window)) {
+      std::fprintf(stderr, "driver: \"%s\" takes input while \"%s\" is open\n", narrow(textOf(window)).c_str(),
+                   narrow(textOf(dialog)).c_str());
+    }
+  }
+}
+
 void answerBox(HWND box) {
+  expectBlocked(box);
   std::vector<int> buttons;
   int standard = 0;
   for (HWND child : childrenOf(box)) {
@@ -582,6 +608,7 @@ bool enterFile(HWND dialog, const std::wstring& file) {
 }
 
 void answerFiles(HWND dialog) {
+  expectBlocked(dialog);
   std::optional<std::wstring> answer;
   if (!driver.files.empty()) {
     answer = driver.files.front();
@@ -602,6 +629,11 @@ void answerFiles(HWND dialog) {
   write("{\"files\":{" + pieces + "}}");
 }
 
+void answerDialog(HWND dialog) {
+  if (isFileDialog(dialog)) answerFiles(dialog);
+  else answerBox(dialog);
+}
+
 // ---- Carrying out ------------------------------------------------------------------------------------------------------
 
 using Action = std::function<void()>;
@@ -617,8 +649,7 @@ void carryOut(Action action) {
   ULONGLONG end = GetTickCount64() + commandDeadline;
   while (WaitForSingleObject(thread, pollStep) != WAIT_OBJECT_0) {
     if (const HWND dialog = dialogThatAsks()) {
-      if (isFileDialog(dialog)) answerFiles(dialog);
-      else answerBox(dialog);
+      answerDialog(dialog);
       end = GetTickCount64() + commandDeadline;
     }
     if (GetTickCount64() > end) stuck("a command to be carried out");
@@ -772,6 +803,64 @@ void closeForm() {
   if (IsWindow(window)) refuse(L"Close is disabled");
 }
 
+HWND focusWindow() {
+  GUITHREADINFO info = {};
+  info.cbSize = sizeof info;
+  return GetGUIThreadInfo(driver.thread, &info) ? info.hwndFocus : nullptr;
+}
+
+// The key goes through the message loop as any other; it is done when the focus has moved.
+void pressTab() {
+  const HWND before = focusWindow();
+  PostMessageW(before, WM_KEYDOWN, VK_TAB, 1);
+  waitFor("the focus to move", commandDeadline, [before] { return focusWindow() != before; });
+  write("{\"focus\":" + std::to_string(idOf(focusWindow())) + "}");
+}
+
+// Escape alone does nothing that could be waited for; the Tab behind it comes later, and moves the focus.
+void pressEscape() {
+  PostMessageW(focusWindow(), WM_KEYDOWN, VK_ESCAPE, 1);
+  pressTab();
+}
+
+// Done when what it brings about has been answered: the buttons with access keys all bring a box or a dialog.
+void pressMnemonic(wchar_t letter) {
+  static constexpr LPARAM altIsDown = 1 << 29;
+  PostMessageW(focusWindow(), WM_SYSCHAR, letter, altIsDown);
+  HWND dialog = nullptr;
+  waitFor("a box after an access key", commandDeadline, [&dialog] { return (dialog = dialogThatAsks()) != nullptr; });
+  while (dialog) {
+    answerDialog(dialog);
+    ask(driver.mainWindow, WM_NULL);
+    dialog = dialogThatAsks();
+  }
+}
+
+void tellOfFrame() {
+  std::string pieces;
+  RECT bar = {};
+  GetWindowRect(driver.toolbar, &bar);
+  const LRESULT buttonSize = ask(driver.toolbar, TB_GETBUTTONSIZE);
+  add(pieces, "title", json(textOf(driver.mainWindow)));
+  add(pieces, "maximised", truth(IsZoomed(driver.mainWindow)));
+  add(pieces, "menu", truth(GetMenu(driver.mainWindow) != nullptr));
+  add(pieces, "toolbar", std::to_string(GetDlgCtrlID(driver.toolbar)));
+  add(pieces, "size", '[' + std::to_string(bar.right - bar.left) + ',' + std::to_string(bar.bottom - bar.top) + ']');
+  add(pieces, "button", '[' + std::to_string(LOWORD(buttonSize)) + ',' + std::to_string(HIWORD(buttonSize)) + ']');
+  std::string ids;
+  const LRESULT count = ask(driver.toolbar, TB_BUTTONCOUNT);
+  const RemoteMemory memory(sizeof(TBBUTTON));
+  for (LRESULT i = 0; i < count; ++i) {
+    TBBUTTON button = {};
+    ask(driver.toolbar, TB_GETBUTTON, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(memory.address));
+    memory.read(&button, sizeof button);
+    const bool asTold = button.iBitmap == i && (button.fsState & TBSTATE_ENABLED) && (button.fsStyle & TBSTYLE_CHECK);
+    ids += (ids.empty() ? "" : ",") + (asTold ? std::to_string(button.idCommand) : std::string("null"));
+  }
+  add(pieces, "buttons", '[' + ids + ']');
+  write("{\"frame\":{" + pieces + "}}");
+}
+
 void quit() {
   carryOut([] { send(driver.mainWindow, WM_SYSCOMMAND, SC_CLOSE, 0); });
   waitFor("the program to end", commandDeadline, programIsOver);
@@ -826,6 +915,10 @@ void carryOutLine(const std::string& line) {
   else if (word == "pick" && numberOf(first)) pick(*numberOf(first), widen(text));
   else if (word == "close") closeForm();
   else if (word == "quit") quit();
+  else if (word == "frame") tellOfFrame();
+  else if (word == "tab") pressTab();
+  else if (word == "escape") pressEscape();
+  else if (word == "mnemonic" && argument.size() == 1) pressMnemonic(static_cast<wchar_t>(argument[0]));
   else if (word == "show") {
     if (const Tool* tool = current()) writeForm(tool, driver.open[tool], true);
   } else arrange(line);

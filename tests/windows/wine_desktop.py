@@ -115,7 +115,7 @@ class Desktop:
         if script:
             arguments.append(windows_path(os.path.abspath(script)))
         return subprocess.Popen(arguments, cwd=folder, env=self.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                stderr=subprocess.PIPE, text=True, encoding="utf-8", newline="\n")
+                                stderr=subprocess.PIPE, text=True, encoding="utf-8")
 
     def link_printer(self, path):
         """What goes to PRN goes to this file; None takes the printer away.
@@ -150,7 +150,8 @@ class Desktop:
             self.link_printer(path)
             process.stdin.write("done\n")
             process.stdin.flush()
-        complaint = process.stderr.read()
+        # Wine has words of its own there, about its devices.
+        complaint = "".join(line for line in process.stderr if not line.startswith("wine: "))
         process.stdin.close()
         status = process.wait()
         self.link_printer(None)

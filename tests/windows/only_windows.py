@@ -1,0 +1,210 @@
+#!/usr/bin/env python3
+"""What only the real Windows program has, under Wine: the second copy, the frame, keys, access keys, and the printer device.
+
+    only_windows.py --build build/windows [TEST ...]
+"""
+
+import argparse
+import os
+import shutil
+import subprocess
+import sys
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+SAMPLES = os.path.join(HERE, "..", "..", "samples", "export")
+sys.path[:0] = [HERE, os.path.join(HERE, "..", "tools")]
+
+import transcripts  # noqa: E402
+import wine_desktop  # noqa: E402
+
+TRADE_FILE = "TR010109.B01"
+TITLE = "Windows Printing Program for Windows 2000, Version 18.02"
+BUTTONS = [20006, 20007, 7020, 20008, 20009, 20010, 20011, 20012, 20013, 20014, 40033, 20015, 20016, 4049, 20018, 40037]
+LOAD = ["choose export/" + TRADE_FILE, "press 1199"]
+TO_FILE = ["press 1011", "type 1013 REPORT.TXT"]
+
+
+class Failure(Exception):
+    """What was seen and what was wanted."""
+
+
+def expect(what, seen, wanted):
+    if seen != wanted:
+        raise Failure("%s: %r, wanted %r" % (what, seen, wanted))
+
+
+def run(desktop, folder, commands):
+    """The lines that a list of commands brings about."""
+    script = os.path.join(folder, "script")
+    with open(script, "w", encoding="utf-8") as file:
+        file.write("\n".join(commands) + "\n")
+    transcript, complaint = desktop.run_script(folder, script)
+    expect("complaint", complaint, "")
+    return transcripts.parse(transcript)
+
+
+def of_kind(lines, kind):
+    return [line[kind] for line in lines if kind in line]
+
+
+def last_of(lines, kind):
+    found = of_kind(lines, kind)
+    if not found:
+        raise Failure("no %s line was written" % kind)
+    return found[-1]
+
+
+def bytes_of(*path):
+    with open(os.path.join(*path), "rb") as file:
+        return file.read()
+
+
+def second_copy_ends_with_status_0_and_no_window(desktop, folder):
+    first = desktop.start_driver(folder)
+    first.stdin.write("tool PRNTRPT\nshow\n")
+    first.stdin.flush()
+    lines = []
+    while len(of_kind(lines, "changed")) < 2:
+        lines += transcripts.parse(first.stdout.readline())
+    before = last_of(lines, "changed")
+
+    second = desktop.start_driver(folder)
+    out, _ = second.communicate("", timeout=120)
+    expect("lines of the second copy", transcripts.parse(out), [{"exit": 0}])
+
+    out, _ = first.communicate("show\nquit\n", timeout=120)
+    lines = transcripts.parse(out)
+    expect("the first copy's form", of_kind(lines, "changed")[0], before)
+    expect("the first copy's end", lines[-1], {"exit": 0})
+
+
+def frame_is_maximised_with_16_check_buttons_and_no_menu(desktop, folder):
+    frame = last_of(run(desktop, folder, ["frame"]), "frame")
+    expect("title", frame["title"], TITLE)
+    expect("maximised", frame["maximised"], True)
+    expect("menu", frame["menu"], False)
+    expect("toolbar id", frame["toolbar"], 178)
+    expect("toolbar size", frame["size"], [800, 40])
+    expect("buttons", frame["buttons"], BUTTONS)
+
+
+def button_follows_f1_twice_and_the_title_bar(desktop, folder):
+    lines = run(desktop, folder, ["key F1", "key F1", "key F1", "close"])
+    on, off = {"PRNTRPT": True}, {"PRNTRPT": False}
+    expect("check states", of_kind(lines, "tools"), [on, off, on, off])
+    expect("openings", of_kind(lines, "opened"), ["PRNTRPT", "PRNTRPT"])
+    expect("closings", of_kind(lines, "closed"), ["PRNTRPT", "PRNTRPT"])
+
+
+def button_of_a_form_that_cannot_be_made_stays_checked(desktop, folder):
+    lines = run(desktop, folder, ["tool DELV", "tool DELV"])
+    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")], [("Error", "Dialog Creation Failed")] * 2)
+    expect("check states", of_kind(lines, "tools"), [{"DELV": True}])
+
+
+def tab_order_is_reading_order(desktop, folder):
+    # Radio groups are one stop each, at the checked button; the hidden output name is none.
+    lines = run(desktop, folder, ["tool PRNTRPT"] + ["tab"] * 9)
+    expect("focus", of_kind(lines, "focus"), [1030, 1016, 1012, 1020, 1057, 1015, 1200, 1027, 1199])
+
+
+def escape_does_nothing(desktop, folder):
+    lines = run(desktop, folder, ["tool PRNTRPT"] + LOAD + ["escape", "show"])
+    expect("title", last_of(lines, "changed")["title"], "TRADES PRINTING - " + TRADE_FILE)
+    expect("closings", of_kind(lines, "closed"), ["PRNTRPT"])  # at the end of the program
+
+
+def access_keys_press_load_and_print(desktop, folder):
+    lines = run(desktop, folder, ["tool PRNTRPT", "choose export/" + TRADE_FILE, "mnemonic l", "show"])
+    expect("title of the dialog", last_of(lines, "files")["title"], "LOAD TRADE FILE")
+    expect("title", last_of(lines, "changed")["title"], "TRADES PRINTING - " + TRADE_FILE)
+    lines = run(desktop, folder, ["tool PRNTRPT", "mnemonic p"])
+    expect("box", last_of(lines, "box")["text"], "The input file is required for processing.")
+
+
+def printer_receives_the_report(desktop, folder):
+    run(desktop, folder, ["tool PRNTRPT"] + LOAD + TO_FILE + ["press 1015"])
+    lines = run(desktop, folder, ["printer PRINTED", "tool PRNTRPT"] + LOAD + ["press 1015"])
+    expect("last box", last_of(lines, "box")["text"], "PRINTING COMPLETE")
+    report = bytes_of(folder, "REPORT.TXT")
+    expect("pages of the report", report.count(b"\x0c") > 0, True)
+    expect("what was printed is what stands in the file", bytes_of(folder, "PRINTED") == report, True)
+
+
+def missing_printer_says_check_your_printer(desktop, folder):
+    lines = run(desktop, folder, ["printer off", "tool PRNTRPT"] + LOAD + ["press 1015", "show"])
+    box = last_of(lines, "box")
+    expect("box", (box["text"], box["icon"]), ("Check Your Printer", "exclamation"))
+    expect("nothing else was shown", len(of_kind(lines, "box")), 1)
+    expect("files left", sorted(os.listdir(folder)), ["export", "script"])
+
+
+def full_printer_says_that_the_report_was_not_written(desktop, folder):
+    lines = run(desktop, folder, ["printer /dev/full", "tool PRNTRPT"] + LOAD + ["press 1015", "show"])
+    box = last_of(lines, "box")
+    expect("box", (box["title"], box["text"], box["icon"]), ("TRADES PRINTING", "Error In Writing Output File", "error"))
+    replies = [changed["controls"]["1027"]["text"] for changed in of_kind(lines, "changed")
+               if "1027" in changed.get("controls", {}) and "text" in changed["controls"]["1027"]]
+    expect("on the Reply line", "Error In Writing Output File" in replies, True)
+    expect("completion", "PRINTING COMPLETE" in [box["text"] for box in of_kind(lines, "box")], False)
+    expect("title afterwards", last_of(lines, "changed")["title"], "TRADES PRINTING")
+
+
+def wide_names_reach_the_title(desktop, folder):
+    name = "TR\u20ac\u0416\u4e2d.B01"  # in no single code page
+    shutil.copy(os.path.join(folder, "export", TRADE_FILE), os.path.join(folder, "export", name))
+    lines = run(desktop, folder, ["tool PRNTRPT", "choose export/" + name, "press 1199"] + TO_FILE + ["press 1015"])
+    expect("title", [c["title"] for c in of_kind(lines, "changed") if "title" in c][1], "TRADES PRINTING - " + name)
+    expect("last box", last_of(lines, "box")["text"], "PRINTING COMPLETE")
+
+
+TESTS = [
+    second_copy_ends_with_status_0_and_no_window,
+    frame_is_maximised_with_16_check_buttons_and_no_menu,
+    button_follows_f1_twice_and_the_title_bar,
+    button_of_a_form_that_cannot_be_made_stays_checked,
+    tab_order_is_reading_order,
+    escape_does_nothing,
+    access_keys_press_load_and_print,
+    printer_receives_the_report,
+    missing_printer_says_check_your_printer,
+    full_printer_says_that_the_report_was_not_written,
+    wide_names_reach_the_title,
+]
+
+
+def run_test(desktop, test):
+    """What went wrong; empty where nothing did."""
+    folder = wine_desktop.new_folder()
+    try:
+        shutil.copytree(SAMPLES, os.path.join(folder, "export"))
+        test(desktop, folder)
+    except (Failure, transcripts.NotATranscript, subprocess.TimeoutExpired, OSError) as error:
+        return str(error)
+    finally:
+        shutil.rmtree(folder, ignore_errors=True)
+    return ""
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Tests of what only the Windows program has.")
+    parser.add_argument("--build", required=True, help="the build folder with quillon.exe and quillon-driver.exe")
+    parser.add_argument("tests", nargs="*", metavar="TEST")
+    options = parser.parse_args()
+    chosen = [test for test in TESTS if not options.tests or test.__name__ in options.tests]
+    failed = 0
+    try:
+        with wine_desktop.Desktop(options.build) as desktop:
+            for test in chosen:
+                problem = run_test(desktop, test)
+                failed += bool(problem)
+                print("%s %s%s" % ("FAILED" if problem else "passed", test.__name__, "\n  " + problem if problem else ""), flush=True)
+    except wine_desktop.DesktopError as error:
+        print(error)
+        return 1
+    print("%d of %d passed" % (len(chosen) - failed, len(chosen)))
+    return 1 if failed or not chosen else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
