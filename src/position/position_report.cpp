@@ -172,9 +172,7 @@ static const Layout& layoutOf(Market market, PositionReport report) {
   return choose(market, normalScripWise, kestoScripWise, lendingScripWise);
 }
 
-static bool isKestoFile(const PositionPages& pages) {
-  return pages.header.fileKind != 'N' && pages.header.fileKind != 'V';
-}
+static bool isKestoFile(const PositionPages& pages) { return pages.header.fileKind != 'N' && pages.header.fileKind != 'V'; }
 
 static Market marketOf(const PositionPages& pages) {
   if (isKestoFile(pages)) return Market::kesto;

@@ -15,7 +15,7 @@ struct PositionPages {
   TradeHeader header;         // of the file; its letter tells a Kesto file
   std::string_view selected;  // the client of clientScrip, the scrip of scripClient
   bool isLendingFile;
-  unsigned linesPerPage;      // rows on a page, at least 1
+  unsigned linesPerPage;  // rows on a page, at least 1
   const PositionWords& words;
 };
 

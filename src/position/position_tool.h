@@ -8,10 +8,10 @@ namespace quillon {
 
 // The words of a report that are the tool's own.
 struct PositionWords {
-  bool hasLendingLayout;          // a lending-market file has its own page title, headings and rows
-  const char* clientScripTitle;   // of a normal file; a Kesto file has the words of Net Position in either tool
-  const char* scripClientTitle;   // likewise
-  const char* endClientWise;      // last line of each report
+  bool hasLendingLayout;         // a lending-market file has its own page title, headings and rows
+  const char* clientScripTitle;  // of a normal file; a Kesto file has the words of Net Position in either tool
+  const char* scripClientTitle;  // likewise
+  const char* endClientWise;     // last line of each report
   const char* endClientScrip;
   const char* endScripClient;
   const char* endScripWise;

@@ -63,7 +63,8 @@ TEST(PositionSides, eachMarketKnowsItsOwn) {
 }
 
 TEST(PositionSums, quantitiesWrapAt32Bits) {
-  const LoadedDeals deals('N', {{"C1", "AXLE", 'B', 2147483647, 100}, {"C1", "AXLE", 'B', 2, 100}, {"C1", "AXLE", 'S', 5, 100}});
+  const LoadedDeals deals('N',
+                          {{"C1", "AXLE", 'B', 2147483647, 100}, {"C1", "AXLE", 'B', 2, 100}, {"C1", "AXLE", 'S', 5, 100}});
   const Totalled result(deals.file, PositionReport::clientWise);
   ASSERT_EQ(result.totals.rowCount, 1u);
   EXPECT_EQ(result.totals.rows[0].buyQty, -2147483647);
@@ -134,12 +135,21 @@ TEST(PositionLists, eachTextOnceCaseBlindAsFirstSpelledAndSorted) {
 }
 
 TEST(PositionLists, onlyTheLettersAToZAreFolded) {
-  const LoadedDeals deals('N', {{"\xe4" "b", "X", 'B', 1, 1}, {"\xc4" "b", "X", 'B', 1, 1}, {"a[b", "X", 'B', 1, 1}, {"a{b", "X", 'B', 1, 1}});
+  const LoadedDeals deals('N', {{"\xe4"
+                                 "b",
+                                 "X", 'B', 1, 1},
+                                {"\xc4"
+                                 "b",
+                                 "X", 'B', 1, 1},
+                                {"a[b", "X", 'B', 1, 1},
+                                {"a{b", "X", 'B', 1, 1}});
   EXPECT_EQ(positionListsOf(deals.file).clients.size(), 4u);
 }
 
 TEST(PositionLists, excludedTypesAreNotOfferedNotEvenTheFirstRecord) {
-  const LoadedDeals deals('V', {{"C1", "A", 'B', 1, 1, 'O'}, {"C2", "B", 'B', 1, 1, 'D'}, {"C3", "C", 'B', 1, 1, 'X'}, {"C4", "D", 'B', 1, 1, 'L'}});
+  const LoadedDeals deals(
+      'V',
+      {{"C1", "A", 'B', 1, 1, 'O'}, {"C2", "B", 'B', 1, 1, 'D'}, {"C3", "C", 'B', 1, 1, 'X'}, {"C4", "D", 'B', 1, 1, 'L'}});
   const PositionLists lists = positionListsOf(deals.file);
   EXPECT_EQ(lists.clients, (Names{"C4"}));
   EXPECT_EQ(lists.scrips, (Names{"D"}));
@@ -163,20 +173,28 @@ TEST(PositionLists, tensOfThousandsOfClientsStayDistinct) {
 // ---- Rows -------------------------------------------------------------------------------------------------------------
 
 TEST(PositionTotal, clientWiseHasARowForEachClientSortedWithoutCase) {
-  const LoadedDeals deals('N', {{"b1", "AXLE", 'B', 10, 100}, {"C1", "AXLE", 'S', 3, 200}, {"A1", "BOLT", 'B', 1, 300}, {"b1", "BOLT", 'S', 4, 150}});
+  const LoadedDeals deals(
+      'N',
+      {{"b1", "AXLE", 'B', 10, 100}, {"C1", "AXLE", 'S', 3, 200}, {"A1", "BOLT", 'B', 1, 300}, {"b1", "BOLT", 'S', 4, 150}});
   EXPECT_EQ(rowTexts(Totalled(deals.file, PositionReport::clientWise)),
             (Names{"A1 3.00/1 0.00/0", "b1 10.00/10 6.00/4", "C1 0.00/0 6.00/3"}));
 }
 
 TEST(PositionTotal, scripWiseSortsAndGroupsWithCase) {
-  const LoadedDeals deals('V', {{"C1", "axle", 'B', 1, 100}, {"C1", "BOLT", 'B', 2, 100}, {"C1", "AXLE", 'B', 3, 100}, {"C1", "axle", 'S', 4, 100}});
+  const LoadedDeals deals(
+      'V',
+      {{"C1", "axle", 'B', 1, 100}, {"C1", "BOLT", 'B', 2, 100}, {"C1", "AXLE", 'B', 3, 100}, {"C1", "axle", 'S', 4, 100}});
   EXPECT_EQ(rowTexts(Totalled(deals.file, PositionReport::scripWise)),
             (Names{"AXLE 3.00/3 0.00/0", "BOLT 2.00/2 0.00/0", "axle 1.00/1 4.00/4"}));
 }
 
 TEST(PositionTotal, clientScripTakesTheChosenClientWithCase) {
-  const LoadedDeals deals('N', {{"C1", "BOLT", 'B', 1, 100}, {"c1", "BOLT", 'B', 50, 100}, {"C1", "AXLE", 'S', 2, 100}, {"C1", "BOLT", 'B', 3, 100},
-                                {"C1", "COIL", 'B', 9, 100, 'X'}, {"C2", "BOLT", 'B', 70, 100}});
+  const LoadedDeals deals('N', {{"C1", "BOLT", 'B', 1, 100},
+                                {"c1", "BOLT", 'B', 50, 100},
+                                {"C1", "AXLE", 'S', 2, 100},
+                                {"C1", "BOLT", 'B', 3, 100},
+                                {"C1", "COIL", 'B', 9, 100, 'X'},
+                                {"C2", "BOLT", 'B', 70, 100}});
   const Totalled result(deals.file, PositionReport::clientScrip, "C1");
   EXPECT_EQ(rowTexts(result), (Names{"AXLE 0.00/0 2.00/2", "BOLT 4.00/4 0.00/0"}));
   EXPECT_EQ(result.totals.details[0].scrip.view(), "BOLT") << "the details stand in file order";
@@ -185,7 +203,11 @@ TEST(PositionTotal, clientScripTakesTheChosenClientWithCase) {
 }
 
 TEST(PositionTotal, scripClientTakesTheChosenScripWithCase) {
-  const LoadedDeals deals('B', {{"b", "AXLE", 'T', 1, 10000}, {"A", "axle", 'T', 50, 10000}, {"A", "AXLE", 'M', 2, 10000}, {"b", "AXLE", 'V', 3, 10000}, {"C", "BOLT", 'T', 9, 10000}});
+  const LoadedDeals deals('B', {{"b", "AXLE", 'T', 1, 10000},
+                                {"A", "axle", 'T', 50, 10000},
+                                {"A", "AXLE", 'M', 2, 10000},
+                                {"b", "AXLE", 'V', 3, 10000},
+                                {"C", "BOLT", 'T', 9, 10000}});
   EXPECT_EQ(rowTexts(Totalled(deals.file, PositionReport::scripClient, "", "AXLE")),
             (Names{"A 0.00/0 2.00/2", "b 1.00/1 3.00/3"}));
 }
@@ -193,13 +215,18 @@ TEST(PositionTotal, scripClientTakesTheChosenScripWithCase) {
 TEST(PositionTotal, clientWhoseLastRecordIsExcludedRunsIntoTheNextClientsRow) {
   for (char excluded : {'O', 'D', 'X'}) {
     SCOPED_TRACE(excluded);
-    const LoadedDeals deals('N', {{"A", "AXLE", 'B', 1, 100}, {"A", "AXLE", 'B', 100, 100, excluded}, {"B", "AXLE", 'B', 2, 100}, {"C", "AXLE", 'S', 4, 100}});
+    const LoadedDeals deals('N', {{"A", "AXLE", 'B', 1, 100},
+                                  {"A", "AXLE", 'B', 100, 100, excluded},
+                                  {"B", "AXLE", 'B', 2, 100},
+                                  {"C", "AXLE", 'S', 4, 100}});
     EXPECT_EQ(rowTexts(Totalled(deals.file, PositionReport::clientWise)), (Names{"B 3.00/3 0.00/0", "C 0.00/0 4.00/4"}));
   }
 }
 
 TEST(PositionTotal, excludedRecordInsideAGroupIsPassedOver) {
-  const LoadedDeals deals('N', {{"A", "AXLE", 'B', 1, 100}, {"A", "AXLE", 'B', 100, 100, 'X'}, {"A", "AXLE", 'B', 2, 100}, {"B", "AXLE", 'B', 4, 100}});
+  const LoadedDeals deals(
+      'N',
+      {{"A", "AXLE", 'B', 1, 100}, {"A", "AXLE", 'B', 100, 100, 'X'}, {"A", "AXLE", 'B', 2, 100}, {"B", "AXLE", 'B', 4, 100}});
   EXPECT_EQ(rowTexts(Totalled(deals.file, PositionReport::clientWise)), (Names{"A 3.00/3 0.00/0", "B 4.00/4 0.00/0"}));
 }
 
@@ -220,7 +247,8 @@ TEST(PositionTotal, lastClientWithoutARecordThatCountsHasNoRow) {
 
 TEST(PositionTotal, onlyOddLotsGiveNoRows) {
   const LoadedDeals deals('N', {{"A", "AXLE", 'B', 1, 100, 'O'}, {"B", "AXLE", 'B', 7, 100, 'O'}});
-  for (PositionReport report : {PositionReport::clientWise, PositionReport::scripWise, PositionReport::clientScrip, PositionReport::scripClient}) {
+  for (PositionReport report :
+       {PositionReport::clientWise, PositionReport::scripWise, PositionReport::clientScrip, PositionReport::scripClient}) {
     const Totalled result(deals.file, report);
     EXPECT_EQ(result.failed, PositionBlock::none);
     EXPECT_EQ(result.totals.rowCount, 0u);
@@ -236,7 +264,9 @@ TEST(PositionTotal, recordsWithoutANameAreAGroupToo) {
 }
 
 TEST(PositionTotal, idsThatDifferOnlyInCaseShareAListEntryAndStaySeparateRows) {
-  const LoadedDeals deals('N', {{"Ab", "AXLE", 'B', 1, 100}, {"AB", "AXLE", 'B', 2, 100}, {"ab", "AXLE", 'B', 4, 100}, {"aC", "AXLE", 'B', 8, 100}});
+  const LoadedDeals deals(
+      'N',
+      {{"Ab", "AXLE", 'B', 1, 100}, {"AB", "AXLE", 'B', 2, 100}, {"ab", "AXLE", 'B', 4, 100}, {"aC", "AXLE", 'B', 8, 100}});
   const Totalled result(deals.file, PositionReport::clientWise);
   EXPECT_EQ(result.lists.clients, (Names{"Ab", "aC"}));
   EXPECT_EQ(rowTexts(result), (Names{"Ab 1.00/1 0.00/0", "AB 2.00/2 0.00/0", "ab 4.00/4 0.00/0", "aC 8.00/8 0.00/0"}));
@@ -278,11 +308,16 @@ TEST(PositionBlocks, eachIsToldByItsNameAndGivenBack) {
     PositionBlock failed;
   };
   const Case cases[] = {
-      {PositionReport::clientWise, 1, PositionBlock::clientNetPos},     {PositionReport::clientWise, 2, PositionBlock::none},
-      {PositionReport::scripWise, 1, PositionBlock::scripNetPos},       {PositionReport::scripWise, 2, PositionBlock::none},
-      {PositionReport::clientScrip, 1, PositionBlock::scripByClient},   {PositionReport::clientScrip, 2, PositionBlock::csNetPos},
-      {PositionReport::clientScrip, 3, PositionBlock::none},            {PositionReport::scripClient, 1, PositionBlock::clientsInScrip},
-      {PositionReport::scripClient, 2, PositionBlock::scNetPos},        {PositionReport::scripClient, 3, PositionBlock::none},
+      {PositionReport::clientWise, 1, PositionBlock::clientNetPos},
+      {PositionReport::clientWise, 2, PositionBlock::none},
+      {PositionReport::scripWise, 1, PositionBlock::scripNetPos},
+      {PositionReport::scripWise, 2, PositionBlock::none},
+      {PositionReport::clientScrip, 1, PositionBlock::scripByClient},
+      {PositionReport::clientScrip, 2, PositionBlock::csNetPos},
+      {PositionReport::clientScrip, 3, PositionBlock::none},
+      {PositionReport::scripClient, 1, PositionBlock::clientsInScrip},
+      {PositionReport::scripClient, 2, PositionBlock::scNetPos},
+      {PositionReport::scripClient, 3, PositionBlock::none},
   };
   const LoadedDeals deals('N', {{"A", "AXLE", 'B', 1, 100}, {"B", "AXLE", 'B', 7, 100}});
   for (const Case& c : cases) {
@@ -348,7 +383,8 @@ std::vector<Deal> randomDeals(std::mt19937& random, bool withExcluded) {
 // Rows by name; names are all in one case here, so that each has one row.
 std::map<std::string, NetPosRow> rowsByName(const Totalled& result) {
   std::map<std::string, NetPosRow> rows;
-  for (std::size_t i = 0; i < result.totals.rowCount; ++i) rows.emplace(result.totals.rows[i].name.view(), result.totals.rows[i]);
+  for (std::size_t i = 0; i < result.totals.rowCount; ++i)
+    rows.emplace(result.totals.rows[i].name.view(), result.totals.rows[i]);
   EXPECT_EQ(rows.size(), result.totals.rowCount) << "a name with two rows";
   return rows;
 }
@@ -452,8 +488,9 @@ TEST(PositionRead, layoutGoesByTheLetterAloneAndSlbReads144Always) {
     bool recordSize132;
   };
   const Case cases[] = {
-      {'N', false, TradeLayout::rec132, true}, {'V', false, TradeLayout::rec144, false}, {'B', false, TradeLayout::kesto, true},
-      {'N', true, TradeLayout::rec144, false}, {'V', true, TradeLayout::rec144, false},  {'B', true, TradeLayout::rec144, false},
+      {'N', false, TradeLayout::rec132, true}, {'V', false, TradeLayout::rec144, false},
+      {'B', false, TradeLayout::kesto, true},  {'N', true, TradeLayout::rec144, false},
+      {'V', true, TradeLayout::rec144, false}, {'B', true, TradeLayout::rec144, false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.letter);
@@ -535,13 +572,19 @@ TEST(PositionRead, lendsOfALendingFileBecomeSells) {
     bool always144, isLendingFile;
     char side;
   };
-  const Case cases[] = {{'V', true, true, 'S'}, {'N', true, true, 'S'}, {'V', false, true, 'S'}, {'V', true, false, 'L'}, {'N', false, true, 'L'}};
+  const Case cases[] = {{'V', true, true, 'S'},
+                        {'N', true, true, 'S'},
+                        {'V', false, true, 'S'},
+                        {'V', true, false, 'L'},
+                        {'N', false, true, 'L'}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.letter);
     const bool wide = c.always144 || c.letter == 'V';
-    const ReadFile read(c.letter, wide ? dealBytes<TradeRec144>(deals) : dealBytes<TradeRec132>(deals), c.always144, c.isLendingFile);
+    const ReadFile read(c.letter, wide ? dealBytes<TradeRec144>(deals) : dealBytes<TradeRec132>(deals), c.always144,
+                        c.isLendingFile);
     ASSERT_TRUE(read.whole);
-    const char side = wide ? static_cast<const TradeRec144*>(read.file.block)->side : static_cast<const TradeRec132*>(read.file.block)->side;
+    const char side =
+        wide ? static_cast<const TradeRec144*>(read.file.block)->side : static_cast<const TradeRec132*>(read.file.block)->side;
     EXPECT_EQ(side, c.side);
   }
 }
@@ -551,7 +594,8 @@ TEST(PositionRead, normalFileInTheSlbToolHasItsFieldsDisplacedAndNothingWarns) {
   const ReadFile read('N', dealBytes<TradeRec132>(deals), true, false);
   ASSERT_TRUE(read.whole);
   EXPECT_EQ(read.file.count, 22u) << "24 records of 132 bytes are 22 of 144";
-  EXPECT_EQ(static_cast<const TradeRec144*>(read.file.block)->scripId.view(), "AXLE") << "what stands ahead of the longer fields is right";
+  EXPECT_EQ(static_cast<const TradeRec144*>(read.file.block)->scripId.view(), "AXLE")
+      << "what stands ahead of the longer fields is right";
   EXPECT_NE(static_cast<const TradeRec144*>(read.file.block)->clientId.view(), "C1");
 }
 

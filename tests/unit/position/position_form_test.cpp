@@ -53,8 +53,8 @@ std::string press(int control) { return "press " + std::to_string(control) + "\n
 class PositionForms : public testing::Test {
  protected:
   std::filesystem::path before = std::filesystem::current_path();
-  std::filesystem::path folder = std::filesystem::path(testing::TempDir()) /
-                                 testing::UnitTest::GetInstance()->current_test_info()->name();
+  std::filesystem::path folder =
+      std::filesystem::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
 
   void SetUp() override {
     std::filesystem::remove_all(folder);
@@ -80,9 +80,9 @@ class PositionForms : public testing::Test {
     SCOPED_TRACE(std::string(t.form) + " " + std::to_string(radio) + " fail " + which);
     std::filesystem::remove("A.TXT");
     const std::string run = load(t) + printTo(t, radio, "A.TXT");
-    const ScriptResult result = scriptRun(std::string("tool ") + t.form + "\nfail " + which + "\n" + run + "fail\n" +
-                                              press(t.tool.controls.cancel) + run,
-                                          program);
+    const ScriptResult result = scriptRun(
+        std::string("tool ") + t.form + "\nfail " + which + "\n" + run + "fail\n" + press(t.tool.controls.cancel) + run,
+        program);
     const bool met = faultsFired(fault) > 0;
     EXPECT_EQ(result.error, "");
     EXPECT_EQ(result.status, 0);
@@ -152,8 +152,8 @@ TEST_F(PositionForms, readFailureKeepsTheBlockUntilCancel) {
 TEST_F(PositionForms, eachToolHasItsOwnFileAndClosingOneLeavesTheOtherLoaded) {
   const Tool& net = tools[0];
   const Tool& slb = tools[1];
-  scriptRun("tool PRNTNP\n" + load(net) + "tool PRNTNPRET\n" + load(slb) + "close\nform PRNTNP\n" + press(net.tool.controls.scripWise) +
-                printTo(net, net.tool.controls.clientWise, "A.TXT"),
+  scriptRun("tool PRNTNP\n" + load(net) + "tool PRNTNPRET\n" + load(slb) + "close\nform PRNTNP\n" +
+                press(net.tool.controls.scripWise) + printTo(net, net.tool.controls.clientWise, "A.TXT"),
             program);
   ASSERT_GE(heldAfterPress.size(), 3u);
   EXPECT_EQ(heldAfterPress[1].blocks, 2u);
@@ -172,13 +172,15 @@ TEST_F(PositionForms, fileWithoutAClientThatTakesPartPrintsTheTitleWithoutAName)
 TEST_F(PositionForms, idsOfEachFormAreDistinct) {
   for (const Tool& t : tools) {
     const PositionControls& at = t.tool.controls;
-    std::vector<int> ids = {at.load,      at.clientWise, at.scripWise, at.clientScrip, at.scripClient,  at.clientList, at.clientListLabel,
-                            at.scripList, at.scripListLabel, at.printer, at.file,      at.outFile,      at.outFileLabel, at.lines,
-                            at.print,     at.cancel,     at.reply};
+    std::vector<int> ids = {
+        at.load,      at.clientWise,     at.scripWise, at.clientScrip, at.scripClient, at.clientList,   at.clientListLabel,
+        at.scripList, at.scripListLabel, at.printer,   at.file,        at.outFile,     at.outFileLabel, at.lines,
+        at.print,     at.cancel,         at.reply};
     std::sort(ids.begin(), ids.end());
     EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end()) << t.form;
     const std::string shown = scriptRun(std::string("tool ") + t.form + "\n", program).transcript;
-    for (int id : ids) EXPECT_NE(shown.find("\"" + std::to_string(id) + "\":{"), std::string::npos) << id << " is not on " << t.form;
+    for (int id : ids)
+      EXPECT_NE(shown.find("\"" + std::to_string(id) + "\":{"), std::string::npos) << id << " is not on " << t.form;
   }
 }
 

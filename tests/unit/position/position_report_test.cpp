@@ -38,24 +38,12 @@ std::string reportOf(const ReportCase& c) {
 // Seven clients of AXLE and seven scrips of C1. Quantities beyond their columns, a negative value, a side that adds nothing,
 // only buys, only sells, a net quantity of 0, an average that is rounded up.
 const std::vector<Deal> sevenRows = {
-    {"C1", "AXLE", 'B', 100, 12345},
-    {"C1", "AXLE", 'S', 40, 12400},
-    {"C2", "AXLE", 'B', 2147483647, 2147483647},
-    {"C3", "AXLE", 'S', 7, 999},
-    {"C4", "AXLE", 'B', 3, 1000},
-    {"C4", "AXLE", 'S', 3, 1100},
-    {"C5", "AXLE", 'Z', 9, 100},
-    {"C6", "AXLE", 'B', -5, 20000},
-    {"C777777777", "AXLE", 'B', 2, 1234},
-    {"C777777777", "AXLE", 'B', 2, 1235},
-    {"C1", "BOLT", 'B', 1000, 5},
-    {"C1", "COIL", 'S', 12, 2147483647},
-    {"C1", "DRUM", 'B', 999999999, 100},
-    {"C1", "DRUM", 'S', 999999999, 50},
-    {"C1", "EAGLEIRON", 'B', 8, 1225},
-    {"C1", "EAGLEIRON", 'S', 3, 1301},
-    {"C1", "FIR", 'S', 3, 10000},
-    {"C1", "FIR", 'S', 4, 10001},
+    {"C1", "AXLE", 'B', 100, 12345},      {"C1", "AXLE", 'S', 40, 12400},     {"C2", "AXLE", 'B', 2147483647, 2147483647},
+    {"C3", "AXLE", 'S', 7, 999},          {"C4", "AXLE", 'B', 3, 1000},       {"C4", "AXLE", 'S', 3, 1100},
+    {"C5", "AXLE", 'Z', 9, 100},          {"C6", "AXLE", 'B', -5, 20000},     {"C777777777", "AXLE", 'B', 2, 1234},
+    {"C777777777", "AXLE", 'B', 2, 1235}, {"C1", "BOLT", 'B', 1000, 5},       {"C1", "COIL", 'S', 12, 2147483647},
+    {"C1", "DRUM", 'B', 999999999, 100},  {"C1", "DRUM", 'S', 999999999, 50}, {"C1", "EAGLEIRON", 'B', 8, 1225},
+    {"C1", "EAGLEIRON", 'S', 3, 1301},    {"C1", "FIR", 'S', 3, 10000},       {"C1", "FIR", 'S', 4, 10001},
     {"C1", "GEARWHEEL11", 'B', 1, 1},
 };
 const std::vector<Deal> threeRows = {
@@ -170,8 +158,9 @@ TEST(PositionReports, rowsOfOneClientAndByScripEndInABlankAndByClientDoNot) {
     PositionReport report;
     bool blank;
   };
-  const Case blanks[] = {{net, false, clientWise, false}, {net, false, clientScrip, true}, {net, false, scripClient, false}, {net, false, scripWise, true},
-                         {slb, true, clientWise, false},  {slb, true, clientScrip, true},  {slb, true, scripClient, false},  {slb, true, scripWise, false}};
+  const Case blanks[] = {{net, false, clientWise, false}, {net, false, clientScrip, true}, {net, false, scripClient, false},
+                         {net, false, scripWise, true},   {slb, true, clientWise, false},  {slb, true, clientScrip, true},
+                         {slb, true, scripClient, false}, {slb, true, scripWise, false}};
   for (const Case& c : blanks) {
     SCOPED_TRACE(static_cast<int>(c.report));
     for (const std::string& line : linesOf(reportOf({"", c.tool, 'V', c.isLendingFile, c.report, 50, lendingRows}))) {
