@@ -301,6 +301,16 @@ TEST(Forms, focusIsFirstTabStopUnlessTheFormSetsIt) {
   EXPECT_NE(opened[2].find(R"("focus":1057)"), std::string::npos);
 }
 
+TEST(Forms, formIsNotSeenBeforeItIsShown) {
+  const Lines opened = effects("tool PRNTRPT", [](const FormEvent& event) {
+    if (event.kind == FormEventKind::start) boxShow(event.form, nullptr, "x", BoxIcon::none);
+  });
+  ASSERT_EQ(opened.size(), 4u);
+  EXPECT_EQ(opened[0], R"({"opened":"PRNTRPT"})");
+  EXPECT_TRUE(opened[1].starts_with(R"({"box":)"));
+  EXPECT_TRUE(opened[3].starts_with(R"({"changed":)"));
+}
+
 TEST(Forms, titleIsUtf8OrElseWindows1252) {
   const auto retitle = [](std::string title) {
     return onPress(IDC_TRADES_LOAD, [title](FormHandle form) { formSetTitle(form, title); });

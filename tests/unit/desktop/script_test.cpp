@@ -237,6 +237,13 @@ TEST(Script, blocksAndStreamsThatStayAreCountedAndTakenDown) {
   EXPECT_EQ(result.streamsOpen, 0u);
 }
 
+TEST(Script, faultsEndWithTheRun) {
+  runForm("fail memory always\n");
+  void* block = memoryTake(1);
+  EXPECT_TRUE(block);
+  memoryFree(block);
+}
+
 class ScriptInFolder : public InFreshFolder {};
 
 TEST_F(ScriptInFolder, streamThatStaysOpenIsCountedAndClosed) {
