@@ -51,6 +51,10 @@ enum { rowsPerPage = 50, bufferSize = 1 << 20 };
 static const char rule[] = "________________________________________________________________________________________________________"
                            "______________________";
 
+static const char rule107[] =
+    "_____________________________________________________________________________________________"
+    "______________|";
+
 // The last `n` of the underscores, so that "%s" prints n of them.
 static const char* underscores(int n) { return rule + sizeof rule - 1 - n; }
 
@@ -85,7 +89,7 @@ static void printPageHeader(FILE* out, const struct Header* header, int page) {
   fprintf(out, "%126s\r\n", underscores(126));
   fprintf(out, "%1c%21s%8c%19c%19s%10c%11s%1c%18s%1c%6s%1c%9s%1c\r\n", '|', "Bought from", '|', '|', "Sold to  ", '|',
           "ClientId", '|', "TrnId", '|', "TrdId", '|', "Time", '|');
-  fprintf(out, "%1c%28s%1c%18s%1c%28s%1c%12c%19c%7c%10c\r\n", '|', underscores(28), '|', "", '|', underscores(28), '|', '|',
+  fprintf(out, "%1c%28s%1c%18s%1c%28s%1c%12c%19c%7c%10c\r\n", '|', underscores(28), '|', underscores(18), '|', underscores(28), '|', '|',
           '|', '|', '|');
   fprintf(out, "%1c%7s%1c%6s%4c%8s%3c%11s%1c%6s%1c", '|', "Br/TrId", '|', "Qty", '|', "Rate", '|', "ScripId", '|', "ScrpCd",
           '|');
@@ -145,12 +149,12 @@ static void printTrade144(FILE* out, const struct Trade144* t) {
   fprintf(out, "%1c%17s%1c%22s%1c%83s%1c\r\n", '|', underscores(17), '|', underscores(22), '|', underscores(83), '|');
 }
 
-// The rule's last cell is underscores that end in the bar.
-static void printRule144(FILE* out, int width) {
-  char cell[128];
-  snprintf(cell, sizeof cell, "%s|", underscores(106));
-  fprintf(out, "%1c%17s%1c%*s\r\n", '|', underscores(17), '|', width, cell + (width > 107 ? 0 : 107 - width));
+// The rules' last cells are as many underscores as told, and a bar behind them.
+static void printPageEndRule144(FILE* out) {
+  fprintf(out, "%1c%17s%1c%106s\r\n", '|', underscores(17), '|', rule107 + 1);
 }
+
+static void printClosingRule144(FILE* out) { fprintf(out, "%1c%17s%1c%99s\r\n", '|', underscores(17), '|', rule107); }
 
 static void shortenType(char* cliTyp) {
   if (strcmp(cliTyp, "CLIENT_SD") == 0) strcpy(cliTyp, "CL_SD");
@@ -193,7 +197,7 @@ int main(int argc, char** argv) {
       if (isShort) {
         printRule132(out);
       } else {
-        printRule144(out, 106);
+        printPageEndRule144(out);
       }
       fprintf(out, "%c", 12);
       printPageHeader(out, &header, page++);
@@ -212,7 +216,7 @@ int main(int argc, char** argv) {
   if (isShort) {
     printRule132(out);
   } else {
-    printRule144(out, 99);
+    printClosingRule144(out);
   }
   if (ferror(out) | fclose(out)) fail("the output cannot be written");
   return 0;
