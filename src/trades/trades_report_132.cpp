@@ -1,4 +1,5 @@
 // The list of trades of 132-byte records: one line a trade.
+#include "text/in_order.h"
 #include "text/print.h"
 #include "trades/trades_page.h"
 #include "trades/trades_report.h"
@@ -47,14 +48,13 @@ static void printSell(Output& out, const TradeRec132& trade) {
 void printTrades132(Output& out, TradesReport& report, const TradeRec132* records, TradeOrder order) {
   printTradesPageHeader(out, report);
   unsigned onPage = 0;
-  for (const std::uint32_t position : order) {
+  for (const TradeRec132& trade : inOrder(records, order)) {
     if (onPage == report.linesPerPage) {
       printPageEndRule(out);
       print<"%c">(out, pageEnd);
       printTradesPageHeader(out, report);
       onPage = 0;
     }
-    const TradeRec132& trade = records[position];
     if (trade.side == 'B') printBuy(out, trade);
     if (trade.side == 'S') printSell(out, trade);
     // A trade of another side prints nothing and takes its place on the page all the same.

@@ -7,6 +7,7 @@
 // Wide rows show scrip group and settlement number. Broker and trader are blank in all four on purpose.
 #include <cstring>
 
+#include "text/in_order.h"
 #include "text/print.h"
 #include "trades/trades_page.h"
 #include "trades/trades_report.h"
@@ -192,14 +193,14 @@ static void printRow(Output& out, const TradesReport& report, const TradeRec144&
 void printTrades144(Output& out, TradesReport& report, const TradeRec144* records, TradeOrder order) {
   printTradesPageHeader(out, report);
   unsigned onPage = 0;
-  for (const std::uint32_t position : order) {
+  for (const TradeRec144& trade : inOrder(records, order)) {
     if (onPage == report.linesPerPage) {
       printPageEndRule(out, report);
       print<"%c">(out, pageEnd);
       printTradesPageHeader(out, report);
       onPage = 0;
     }
-    printRow(out, report, records[position]);
+    printRow(out, report, trade);
     // A trade of another side prints nothing and takes its place on the page all the same.
     ++onPage;
   }
