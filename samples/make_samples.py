@@ -10,7 +10,8 @@ import sys
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tests", "tools"))
 
-from workfiles import broker132, broker160, header, kestoBroker, kestoTrade, trade132, trade144, write  # noqa: E402
+from workfiles import (  # noqa: E402
+    broker132, broker160, delimited, header, kestoBroker, kestoTrade, lines, trade132, trade144, write)
 
 # code, symbol, group, price in rupees around which it trades
 SCRIPS = (
@@ -167,7 +168,105 @@ def makeBrokerQueryFiles(folder):
     make("BB010109.BIN", "B", "01/01/2009", kestoBrokers(15, "01/01/2009", 20))
 
 
+def scripsOfTheDay(chance, count):
+    """Invented scrips beyond the few that are traded above: (code, symbol, price in paise), in no order."""
+    heads = ("AMBAR", "BELA", "CHAKRA", "DHANU", "EKTA", "GAGAN", "HIMA", "INDRA")
+    tails = ("TEX", "AGRO", "CHEM", "WIRE", "PORT", "MICA", "SALT", "FOIL")
+    scrips = []
+    for i in range(count):
+        symbol = heads[i % len(heads)] + tails[(i // len(heads) + i) % len(tails)]
+        scrips.append((591000 + 7 * (i * 37 % 101), symbol, 500 + chance.below(200000)))
+    return scrips
+
+
+def touchlines(seed, count):
+    """One line a scrip; a few were not traded, and some have no order on one side."""
+    chance = Chance(seed)
+    found = []
+    for code, symbol, price in scripsOfTheDay(chance, count):
+        traded = chance.below(8) > 0
+        day = [price, price + 5 * chance.below(40), price - 5 * chance.below(20), price + 5] if traded else [0, 0, 0, 0]
+        buy, offer = (0 if chance.below(9) == 0 else price, 0 if chance.below(9) == 0 else price + 5)
+        found.append(delimited(symbol, code, buy, offer, *day, 25 * chance.below(4000) if traded else 0))
+    return found
+
+
+def kestoTouchlines(seed, count):
+    chance = Chance(seed)
+    found = []
+    for code, symbol, price in scripsOfTheDay(chance, count):
+        rate = 10 + price // 100
+        lends, borrows = chance.below(5) > 0, chance.below(5) > 0
+        lend = [rate, 100 * (1 + chance.below(90)), 400 + chance.below(300)] if lends else [0, 0, 0]
+        borrow = [rate + 5, 100 * (1 + chance.below(90)), 450 + chance.below(300)] if borrows else [0, 0, 0]
+        found.append(delimited(symbol, code, *lend, *borrow, rate + 2, rate + 1, 100 * chance.below(50), "OP"))
+    return found
+
+
+def makeTouchlineFiles(folder):
+    def make(name, title, *found):
+        write(os.path.join(folder, name), lines(title, *found))
+
+    make("TL010109.SAV", "As on : 01/01/09|10:30:00|EQUITY|", *touchlines(21, 60))
+    make("TL250509.SSAV", "As on : 25/05/09|10:30:00|SLB|", *touchlines(22, 16))
+    make("KT010109.SAV", "01/01/2009|10:30:00|KESTO|", *kestoTouchlines(23, 60))
+    make("KT250509.SSAV", "25/05/2009|10:30:00|KESTO|", *kestoTouchlines(24, 16))
+
+
+TRADERS = ("ANAND", "BHARATI", "CHARU", "DINESH", "ESHA", "FAROKH", "GITA", "HARISH", "ILA", "JAYANT", "KIRAN", "LATA")
+
+
+def traderLimits(seed, count, flags, widths):
+    """Normal trader-wise lines: `flags` letters, among them the one-letter MQ, then limits of at most so many digits."""
+    chance = Chance(seed)
+    found = []
+    for i in range(count):
+        letters = [chance.of("YYYN") for _ in range(flags)]
+        limits = [chance.below(10 ** width) for width in widths]
+        found.append(delimited(i + 1, TRADERS[i % len(TRADERS)], *letters, *limits))
+    return found
+
+
+def scripLimits(seed, count):
+    chance = Chance(seed)
+    return [delimited(i + 1, 1 + i % 12, code, 100 * chance.below(500), 100 * chance.below(500))
+            for i, (code, _, _) in enumerate(scripsOfTheDay(chance, count))]
+
+
+def kestoTraderLimits(seed, count):
+    chance = Chance(seed)
+    rights = (0x1FFFFFFF, 0x1FFF7FFF, 0, 0x600080C0, 0x20000040, 0x40000080, 0x00008000)
+    return [delimited(i + 1, TRADERS[i % len(TRADERS)], rights[i % len(rights)], 1000 * chance.below(9000),
+                      1000 * chance.below(9000)) for i in range(count)]
+
+
+def kestoScripLimits(seed, count):
+    chance = Chance(seed)
+    return [delimited(symbol, code, 100 * chance.below(500), 100 * chance.below(500))
+            for code, symbol, _ in scripsOfTheDay(chance, count)]
+
+
+def makeTraderLimitsFiles(folder):
+    def make(name, title, date, *rest):
+        write(os.path.join(folder, name), lines(delimited(title, MEMBER, date, TRADER), *rest))
+
+    # Two lines of column names stand between the first line and the traders, one between it and the scrips.
+    traderHeads = ("Trader|Alias|Flags|Limits|", "No||Y or N|Rupees or units|")
+    scripHead = "No|Trader|Scrip|Buy or borrow|Sell or lend|"
+    ordinary, lending = (6, 6, 9, 8, 8, 8, 8), (8, 6, 9, 8, 8, 8, 8)
+    make("TD010109.TRD", "TraderWise Limits", "01/01/2009", *traderHeads, *traderLimits(31, 60, 17, ordinary))
+    make("TD250509.STRD", "TraderWise Limits", "25/05/2009", *traderHeads, *traderLimits(32, 12, 11, lending))
+    make("SC010109.TSL", "Scripwise Limits", "01/01/2009", scripHead, *scripLimits(33, 60))
+    make("SC250509.STSL", "Scripwise Limits", "25/05/2009", scripHead, *scripLimits(34, 16))
+    make("KL010109.TRD", "Binary Limits", "01/01/2009", *kestoTraderLimits(35, 60))
+    make("KL250509.STRD", "Binary Limits", "25/05/2009", *kestoTraderLimits(36, 12))
+    make("KS010109.TSL", "Scripwise Limits", "01/01/2009", *kestoScripLimits(37, 60))
+    make("KS250509.STSL", "Scripwise Limits", "25/05/2009", *kestoScripLimits(38, 16))
+
+
 if __name__ == "__main__":
     folder = sys.argv[1] if len(sys.argv) > 1 else os.path.join(HERE, "export")
     makeTradeFiles(folder)
     makeBrokerQueryFiles(folder)
+    makeTouchlineFiles(folder)
+    makeTraderLimitsFiles(folder)

@@ -255,3 +255,13 @@ def write(name, *pieces):
     with open(name, "wb") as file:
         for piece in pieces:
             file.write(piece)
+
+
+def lines(*texts):
+    """The bytes of a text file's lines, each ended by CR LF."""
+    return b"".join(text.encode("cp1252") + b"\r\n" for text in texts)
+
+
+def delimited(*fields):
+    """A line of the delimited files: each field ended by '|'."""
+    return "".join(str(field) + "|" for field in fields)
