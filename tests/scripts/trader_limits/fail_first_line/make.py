@@ -1,0 +1,3 @@
+from workfiles import write
+
+write("EMPTY.TRD")

@@ -1,0 +1,6 @@
+from workfiles import lines, write
+
+write("THREE.TRD", lines("TraderWise Limits|418|01/01/2009|12|", "second", "third"))
+write("ODD.TSL", lines("TraderWise Limits|418|01/01/2009|12|", "second", "third", "1|ANAND|y|n|", "||||||||", "2",
+                       "", "3|CHARU|y|n|"))
+write("HEADER.TRD", lines("Scripwise Limits|418|01/01/2009|12|"))
