@@ -285,7 +285,7 @@ std::string formsTurnTo(std::string_view resource) {
 
 std::string formsPress(int id) {
   FormWindow* form = current();
-  if (const std::string reason = reasonAgainst(form, id); !reason.empty()) return reason;
+  if (std::string reason = reasonAgainst(form, id); !reason.empty()) return reason;
   Control& control = *find(form, id);
   switch (control.made.kind) {
     case ControlKind::pushButton:
@@ -308,7 +308,7 @@ std::string formsPress(int id) {
 
 std::string formsType(int id, std::string_view text) {
   FormWindow* form = current();
-  if (const std::string reason = reasonAgainst(form, id); !reason.empty()) return reason;
+  if (std::string reason = reasonAgainst(form, id); !reason.empty()) return reason;
   Control& control = *find(form, id);
   if (control.made.kind != ControlKind::edit) return std::to_string(id) + " is no edit";
   if (control.made.readOnly) return std::to_string(id) + " is read-only";
@@ -320,7 +320,7 @@ std::string formsType(int id, std::string_view text) {
 
 std::string formsPick(int id, std::string_view text) {
   FormWindow* form = current();
-  if (const std::string reason = reasonAgainst(form, id); !reason.empty()) return reason;
+  if (std::string reason = reasonAgainst(form, id); !reason.empty()) return reason;
   Control& control = *find(form, id);
   if (!control.now.items) return std::to_string(id) + " is no list";
   const Items& items = *control.now.items;
