@@ -347,10 +347,11 @@ consteval bool checkArgument() {
 template <class T>
 inline std::string_view freeText(const T& value) {
   if constexpr (isPointerText<T>) {
-    return value ? std::string_view(value) : std::string_view();
+    return value ? value : "";
   } else if constexpr (isFreeText<T>) {
     const std::string_view text = value;
-    return text.substr(0, text.find('\0'));
+    // An empty view may point nowhere.
+    return text.empty() ? std::string_view("") : text.substr(0, text.find('\0'));
   } else {
     return {};
   }
