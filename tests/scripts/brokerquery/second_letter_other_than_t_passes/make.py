@@ -1,0 +1,3 @@
+from workfiles import *
+
+write("BR.BIN", header(kind="?"), broker132())
