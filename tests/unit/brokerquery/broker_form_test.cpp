@@ -69,7 +69,8 @@ TEST_F(BrokerForm, lendingFileLeavesTheDateRuleAsTheFileBeforeItSetIt) {
   writeFile("OLD.SBIN", header(21, 5, 2009), 'V', block<BrokerRec160>(trades));
   writeFile("NEW.SBIN", header(22, 5, 2009), 'N', block<BrokerRec160>(trades));
   const auto flagAfter = [](const std::string& first, const std::string& second) {
-    const ScriptResult result = scriptRun("tool PRNTBRKREP\n" + printing(first, "FIRST.TXT") + printing(second, "SECOND.TXT"), program);
+    const ScriptResult result =
+        scriptRun("tool PRNTBRKREP\n" + printing(first, "FIRST.TXT") + printing(second, "SECOND.TXT"), program);
     EXPECT_EQ(result.transcript.find("\"icon\":\"error\""), std::string::npos) << result.transcript;
     return preCutoverFlag(DateRuleSlot::brokerQuery);
   };
@@ -99,7 +100,8 @@ TEST_F(BrokerForm, refusedOutputLeavesTheInputOpenUntilTheNextEnd) {
   };
   for (const Case& c : cases) {
     EXPECT_EQ(scriptRun("tool PRNTBRKREP\n" + c.commands, program).streamsOpen, 1u) << c.name;
-    EXPECT_EQ(scriptRun("tool PRNTBRKREP\n" + c.commands + "press 1208\n", program).streamsOpen, 0u) << c.name << ", then Cancel";
+    EXPECT_EQ(scriptRun("tool PRNTBRKREP\n" + c.commands + "press 1208\n", program).streamsOpen, 0u)
+        << c.name << ", then Cancel";
     EXPECT_EQ(scriptRun("tool PRNTBRKREP\n" + c.commands + printing("BR.BIN", "OUT.TXT"), program).streamsOpen, 0u)
         << c.name << ", then a run";
   }
@@ -140,7 +142,8 @@ TEST_F(BrokerForm, everyFaultIsToldAndTheNextRunIsWhole) {
   for (const Case& c : cases) {
     for (std::size_t number = 1; number <= c.uses; ++number) {
       const std::string fault = std::string("fail ") + c.fault + " " + std::to_string(number) + "\n";
-      const ScriptResult result = scriptRun("tool PRNTBRKREP\n" + printingBoth("FIRST.TXT", fault) + printingBoth("SECOND.TXT"), program);
+      const ScriptResult result =
+          scriptRun("tool PRNTBRKREP\n" + printingBoth("FIRST.TXT", fault) + printingBoth("SECOND.TXT"), program);
       const std::string first = result.transcript.substr(0, result.transcript.find("SECOND.TXT"));
       // A header that cannot be read is no header of this form's files.
       const bool headerRead = c.kind == Fault::read && number == 1;
