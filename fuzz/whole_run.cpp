@@ -1,6 +1,8 @@
 #include "whole_run.h"
 
+
 #include <fuzzer/FuzzedDataProvider.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
