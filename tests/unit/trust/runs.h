@@ -1,0 +1,59 @@
+// Whole runs of every form over the samples, as the tests of this folder put them through faults and broken files.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "desktop/scripted/faults.h"
+
+namespace quillon::test {
+
+// One road through one form: which sample, and what is pressed between its load and the end of the run.
+struct FormRun {
+  std::string name;
+  const char* form;    // its resource
+  std::string sample;  // under samples/export
+  int load, print, cancel, file, outFile;
+  std::vector<int> options;  // pressed after the load
+  // What must be shown when a use of the kind fails; empty: any box with an error icon.
+  std::string memory, open, create, seek, tell;
+  // Of a form whose load reads the file: its load step fails, and Print has nothing to print.
+  bool readsAtLoad = false;
+  // Of a form that is told to reset, and no more, when its output cannot be opened: the next run's end closes the input.
+  bool keepsInputWithoutOutput = false;
+};
+
+const std::vector<FormRun>& allRuns();
+
+// Opens the form, loads the sample's copy in the current folder under its own name and prints it to `out`.
+std::string commandsOf(const FormRun& run, const std::string& out);
+// The same without the opening of the form, for a second run after the first.
+std::string loadAndPrint(const FormRun& run, const std::string& out);
+
+struct Outcome {
+  std::string transcript;
+  int status;
+  std::string error;
+  std::size_t blocksHeld, streamsOpen;
+};
+// Runs the commands on the whole program; with `number` above 0, that use of `kind` fails, `andAllLater` or alone.
+Outcome runProgram(const std::string& commands, Fault kind = Fault::memory, std::size_t number = 0, bool andAllLater = false);
+
+// A folder of its own for each test, which is the current folder while it runs.
+class InOwnFolder : public testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+ private:
+  std::filesystem::path before_, folder_;
+};
+
+std::string sampleBytes(const FormRun& run);
+void writeFile(const std::string& name, const std::string& bytes);
+
+}  // namespace quillon::test
