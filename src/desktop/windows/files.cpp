@@ -38,8 +38,9 @@ FileStream* fileCreateOutput(const std::string& path) {
   for (const char* device : {"NUL", "CON", "AUX"}) {
     if (isDeviceName(path, device)) return nullptr;
   }
-  return streamOf(CreateFileW(wideFromUtf8(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
-                              FILE_ATTRIBUTE_NORMAL, nullptr),
+  // A run that the user gave up may have left its output open; the next run can take the same name all the same.
+  return streamOf(CreateFileW(wideFromUtf8(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                              CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr),
                   true);
 }
 
