@@ -60,7 +60,7 @@ struct BrokerRec160 {
   TextField<11> instId;
   TextField<15> tailText;
   TextField<20> scripGroup;
-  std::int16_t settlementPart1;  // the settlement number is shown as "part 1/part 2"
+  std::int16_t settlementPart1;  // the settlement number is shown as both parts with a slash between
   char reserved[2];
   std::int32_t settlementPart2;
 };
