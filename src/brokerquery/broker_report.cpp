@@ -1,6 +1,7 @@
 #include "brokerquery/broker_report.h"
 
 #include "brokerquery/broker_report_blocks.h"
+#include "text/in_order.h"
 #include "text/print.h"
 
 namespace quillon {
@@ -83,6 +84,7 @@ void printBrokerReport(Output& out, const BrokerRecords& records, BrokerArrangem
       startPage(out, blocks, page);
       recordOnPage = 1;
     }
+    if (records.order) fetchAhead(records.bytes, brokerRecordSize(records.layout), {records.order, records.count}, i);
     blocks.record(out, brokerRecordAt(records, i));
     ++recordOnPage;
   }

@@ -4,9 +4,11 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <span>
 
 #include "desktop/memory.h"
 #include "frame/rounding.h"
+#include "text/in_order.h"
 #include "text/record_order.h"
 
 namespace quillon {
@@ -238,8 +240,10 @@ static bool totalRecords(const PositionFile& file, TextField<12> Record::*name, 
   const Record* const records = static_cast<const Record*>(file.block);
   const Order order = orderOf({records, sizeof(Record), file.count}, key);
   if (!order) return false;
-  const auto legAt = [records, name, &order](std::size_t i) -> Leg {
-    const Record& record = records[order[i]];
+  const std::span<const std::uint32_t> positions(order.get(), file.count);
+  const auto legAt = [records, name, positions](std::size_t i) -> Leg {
+    fetchAhead(records, sizeof(Record), positions, i);
+    const Record& record = records[positions[i]];
     return {&(record.*name), record.rate, record.qty, record.side, record.tradeType};
   };
   return totalGroups(file.count, legAt, isKesto(file), listCount, totals);

@@ -11,33 +11,35 @@
 
 namespace quillon {
 
+// Asks for the record that a walk over `order`, now at entry `at`, wants a few steps later; `recordSize` bytes of it.
+inline void fetchAhead(const void* records, std::size_t recordSize, std::span<const std::uint32_t> order, std::size_t at) {
+  constexpr std::size_t ahead = 8;
+  constexpr std::size_t cacheLine = 64;
+  if (order.size() - at <= ahead) return;
+  const char* record = static_cast<const char*>(records) + std::size_t{order[at + ahead]} * recordSize;
+  for (std::size_t byte = 0; byte < recordSize; byte += cacheLine) __builtin_prefetch(record + byte);
+  __builtin_prefetch(record + recordSize - 1);
+}
+
 template <class Record>
 struct InOrder {
   const Record* records;
   std::span<const std::uint32_t> order;
 
   struct Iterator {
-    const Record* records;
-    const std::uint32_t* next;
-    const std::uint32_t* end;
+    const InOrder* walk;
+    std::size_t at;
 
-    const Record& operator*() const { return records[*next]; }
-    bool operator!=(const Iterator& other) const { return next != other.next; }
-    Iterator& operator++() {
-      constexpr std::ptrdiff_t ahead = 8;
-      constexpr std::size_t cacheLine = 64;
-      ++next;
-      if (end - next > ahead) {
-        const auto* record = reinterpret_cast<const char*>(records + next[ahead]);
-        for (std::size_t at = 0; at < sizeof(Record); at += cacheLine) __builtin_prefetch(record + at);
-        __builtin_prefetch(record + sizeof(Record) - 1);
-      }
-      return *this;
+    const Record& operator*() const {
+      fetchAhead(walk->records, sizeof(Record), walk->order, at);
+      return walk->records[walk->order[at]];
     }
+    bool operator!=(const Iterator& other) const { return at != other.at; }
+    Iterator& operator++() { return ++at, *this; }
   };
 
-  Iterator begin() const { return {records, order.data(), order.data() + order.size()}; }
-  Iterator end() const { return {records, order.data() + order.size(), order.data() + order.size()}; }
+  Iterator begin() const { return {this, 0}; }
+  Iterator end() const { return {this, order.size()}; }
 };
 
 // The records stay whose they are. Every position of `order` is that of a record.

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "text/in_order.h"
 #include "text/print.h"
 #include "trades/trades_page.h"
 
@@ -74,14 +75,13 @@ static void printBorrow(Output& out, const KestoTradeRec& trade) {
 void printKestoTrades(Output& out, TradesReport& report, const KestoTradeRec* records, TradeOrder order) {
   printPageHeader(out, report);
   unsigned onPage = 0;
-  for (const std::uint32_t position : order) {
+  for (const KestoTradeRec& trade : inOrder(records, order)) {
     if (onPage == report.linesPerPage) {
       printPageEndRule(out);
       print<"%c">(out, pageEnd);
       printPageHeader(out, report);
       onPage = 0;
     }
-    const KestoTradeRec& trade = records[position];
     if (trade.side == 'T' || trade.side == 'S') printLend(out, trade);
     if (trade.side == 'M' || trade.side == 'V') printBorrow(out, trade);
     // A trade of another side prints nothing and takes its place on the page all the same.

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "frame/rounding.h"
+#include "text/in_order.h"
 #include "text/print.h"
 #include "trades/trades_page.h"
 
@@ -45,6 +46,7 @@ static void walkGroups(const Record* records, TradeOrder order, double perRate, 
   const std::size_t zeroRecord = order.size();
   Group group = {};
   for (std::size_t i = 0; i < order.size(); ++i) {
+    fetchAhead(records, sizeof(Record), order, i);
     const Record& trade = records[order[i]];
     const Record& next = records[i + 1 < order.size() ? order[i + 1] : zeroRecord];
     addTrade(isFirst(trade.side) ? group.first : group.second, trade.rate / perRate, trade.qty);

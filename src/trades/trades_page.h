@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 #include "text/output.h"
@@ -12,8 +13,12 @@ namespace quillon {
 
 inline constexpr char pageEnd = 12;  // what ends a page on the printer
 
+inline constexpr std::string_view underscores =
+    "_________________________________________________________________"
+    "_________________________________________________________________";
+static_assert(underscores.size() == 130);
 // `width` underscores, at most 130.
-std::string_view ruleOf(std::size_t width);
+constexpr std::string_view ruleOf(std::size_t width) { return underscores.substr(0, width); }
 
 // The heading of the clearing house for a lending-market file, otherwise of the exchange.
 const char* exchangeName(bool isLendingFile);
@@ -27,6 +32,9 @@ inline auto fileDate(const TradeHeader& header) {
 void printIdentity(Output& out, const TradeHeader& header);
 
 // What a client type is printed as: "CLIENT_SD" is too wide for its column and becomes "CL_SD".
-std::string_view shownClientType(const TextField<10>& cliTyp);
+inline TextField<10> shownClientType(const TextField<10>& cliTyp) {
+  constexpr TextField<10> tooWide = {"CLIENT_SD"};
+  return std::memcmp(cliTyp.bytes, tooWide.bytes, sizeof tooWide) == 0 ? TextField<10>{"CL_SD"} : cliTyp;
+}
 
 }  // namespace quillon

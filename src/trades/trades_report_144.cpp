@@ -29,7 +29,11 @@ static RowForm rowFormOf(const TradesReport& report, char tradeType) {
 }
 
 // The time of day out of the order's time stamp: its characters 11 to 18.
-static std::string_view orderTime(const TradeRec144& trade) { return {trade.orderTimeStamp.bytes + 11, 8}; }
+static TextField<8> orderTime(const TradeRec144& trade) {
+  TextField<8> time;
+  std::memcpy(time.bytes, trade.orderTimeStamp.bytes + 11, sizeof time);
+  return time;
+}
 
 static auto settlement(const TradeRec144& trade) { return formatCell<"%d/%ld">(trade.settlementYear, trade.settlementNo); }
 
