@@ -199,7 +199,7 @@ inline char* putReal(char* to, double value) {
       if (putPlain<wholeWidth>(to, scaled / unit, std::signbit(value))) [[likely]] {
         char* digit = to + wholeWidth;
         if constexpr (decimals > 0) *digit++ = '.';
-        const auto rest = static_cast<unsigned>(scaled % unit);
+        const std::size_t rest = scaled % unit;
         if constexpr (decimals == 1) *digit = static_cast<char>('0' + rest);
         if constexpr (decimals == 2) std::memcpy(digit, digitPairs + 2 * rest, 2);
         if constexpr (decimals == 3) {

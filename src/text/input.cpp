@@ -25,7 +25,7 @@ struct Input {
 
 namespace {
 
-constexpr std::size_t bufferSize = 64 * 1024;
+constexpr std::size_t bufferSize = std::size_t{64} * 1024;
 constexpr char ctrlZ = 0x1a;
 Input* openInputs = nullptr;
 

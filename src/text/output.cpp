@@ -12,7 +12,7 @@ namespace quillon {
 namespace {
 
 // Large enough that a write to the system costs nothing beside the bytes, small enough to stay in the processor's cache.
-constexpr std::size_t bufferSize = 256 * 1024;
+constexpr std::size_t bufferSize = std::size_t{256} * 1024;
 static_assert(outputRoom <= bufferSize);
 
 // Every open output, for outputCloseAll.
@@ -24,7 +24,8 @@ OpenOutput* openOutputs = nullptr;
 
 Output* makeOutput(FileStream* file, std::string* memory) {
   auto* buffer = static_cast<char*>(std::malloc(bufferSize));
-  auto* open = buffer ? new (std::nothrow) OpenOutput{} : nullptr;
+  OpenOutput* open = nullptr;
+  if (buffer) open = new (std::nothrow) OpenOutput{};
   if (!open) {
     std::free(buffer);
     return nullptr;

@@ -31,7 +31,7 @@ Output* outputToMemory(std::string* text);
 [[nodiscard]] bool outputCloseAll();
 
 // Makes room for `size` more bytes in the buffer, writing out what is there; `size` is at most outputRoom.
-inline constexpr std::size_t outputRoom = 64 * 1024;
+inline constexpr std::size_t outputRoom = std::size_t{64} * 1024;
 void outputFlush(Output& output);
 inline void outputReserve(Output& output, std::size_t size) {
   if (static_cast<std::size_t>(output.limit - output.next) < size) outputFlush(output);
