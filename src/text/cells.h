@@ -83,15 +83,23 @@ template <int Width>
 inline bool putPlain(char* to, std::uint64_t magnitude, bool negative) {
   constexpr std::uint64_t limit = Width >= 8 ? 100000000 : powerOfTen(Width);
   if (magnitude >= limit) {
-    if constexpr (Width >= 16) {
-      if (magnitude < 10000000000000000) {
-        const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(magnitude / 100000000));
+    // Two words of eight digits; of the upper one as many as the width has room for.
+    if constexpr (Width > 8) {
+      constexpr std::uint64_t upperLimit = Width >= 16 ? 100000000 : powerOfTen(Width - 8);
+      const std::uint64_t upper = magnitude / 100000000;
+      if (upper < upperLimit) {
+        const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(upper));
         const int leading = leadingZeroBits(digits);
-        if (negative && leading == 0 && Width == 16) return false;
-        putBlanks(to, Width - 16);
-        storeWord(to + Width - 16, blankLed(digits, leading));
+        const int sign = Width - 17 + leading / 8;
+        if (negative && sign < 0) return false;
+        if constexpr (Width >= 16) {
+          putBlanks(to, Width - 16);
+          storeWord(to + Width - 16, blankLed(digits, leading));
+        } else {
+          storeWord(to, blankLed(digits, leading) >> (8 * (16 - Width)));
+        }
         storeWord(to + Width - 8, eightDigits(static_cast<std::uint32_t>(magnitude % 100000000)) | digitCharacters);
-        if (negative) to[Width - 17 + leading / 8] = '-';
+        if (negative) to[sign] = '-';
         return true;
       }
     }
@@ -343,22 +351,32 @@ consteval bool checkArgument() {
   return true;
 }
 
-// Text whose length is not known while compiling, cut at its NUL; nothing for all else.
+// The value as it is formed: texts of unknown length as views that end at the NUL, all else as it is.
 template <class T>
-inline std::string_view freeText(const T& value) {
+[[gnu::always_inline]] inline decltype(auto) plainValue(const T& value) {
   if constexpr (isPointerText<T>) {
-    return value ? value : "";
+    return std::string_view(value ? value : "");
   } else if constexpr (isFreeText<T>) {
     const std::string_view text = value;
     // An empty view may point nowhere.
     return text.empty() ? std::string_view("") : text.substr(0, text.find('\0'));
   } else {
-    return {};
+    return (value);
+  }
+}
+
+// The size of a text of unknown length; nothing for all else.
+template <class T>
+inline std::size_t freeSize(const T& value) {
+  if constexpr (std::is_same_v<T, std::string_view>) {
+    return value.size();
+  } else {
+    return 0;
   }
 }
 
 template <Conversion C, LineEnd End, class T>
-inline char* putCell(char* to, const T& value, [[maybe_unused]] std::string_view text) {
+inline char* putCell(char* to, const T& value) {
   if constexpr (C.kind == ConversionKind::character) {
     return putCharacter<C, End>(to, static_cast<char>(value));
   } else if constexpr (C.kind == ConversionKind::shortNumber) {
@@ -369,8 +387,8 @@ inline char* putCell(char* to, const T& value, [[maybe_unused]] std::string_view
     return putNumber<C>(to, static_cast<std::int64_t>(value));
   } else if constexpr (C.kind == ConversionKind::real) {
     return putReal<C>(to, static_cast<double>(value));
-  } else if constexpr (isFreeText<T>) {
-    return putView<C, End>(to, text);
+  } else if constexpr (std::is_same_v<T, std::string_view>) {
+    return putView<C, End>(to, value);
   } else if constexpr (requires { value.size; }) {
     return putView<C, End>(to, value.view());
   } else {

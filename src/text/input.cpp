@@ -1,7 +1,7 @@
 // Reading the workstation's files.
 //
-// Bytes wait in a buffer of the input. A text file's bytes are turned into what its reader sees as they come into the buffer:
-// CR LF into LF, and nothing behind a Ctrl-Z. Large reads of records go past the buffer, straight to where they are wanted.
+// Bytes wait in a buffer of the input as the file has them, up to a Ctrl-Z in a text; CR LF becomes LF as a piece is taken.
+// Large reads of records go past the buffer, straight to where they are wanted.
 #include "text/input.h"
 
 #include <cstdlib>
@@ -16,11 +16,11 @@ struct Input {
   FileStream* file;
   InputKind kind;
   char* buffer;
-  char* next;        // the first byte not yet taken
-  char* end;         // one past the last byte that waits
-  bool heldCr;       // a CR at the end of what was fetched: what follows decides whether it stays
-  bool ended;        // nothing more comes out of the file
-  Input* following;  // every open input, for inputCloseAll
+  char* next;          // the first byte not yet taken
+  char* end;           // one past the last byte that waits
+  bool ended;          // nothing more comes out of the file
+  std::size_t hidden;  // bytes that were fetched and stand behind a Ctrl-Z, with it
+  Input* following;    // every open input, for inputCloseAll
 };
 
 namespace {
@@ -33,55 +33,38 @@ std::size_t waiting(const Input& input) { return static_cast<std::size_t>(input.
 
 void forget(Input& input) {
   input.next = input.end = input.buffer;
-  input.heldCr = false;
   input.ended = false;
+  input.hidden = 0;
 }
 
-// Drops every CR before a LF between `bytes` and `end`; gives the new end.
-char* dropCrs(char* bytes, char* end) {
-  auto* from = static_cast<char*>(std::memchr(bytes, '\r', static_cast<std::size_t>(end - bytes)));
-  char* to = from;
-  if (!from) return end;
-  while (from != end) {
-    if (*from == '\r' && from + 1 != end && from[1] == '\n') ++from;
-    auto* stop = static_cast<char*>(std::memchr(from + 1, '\r', static_cast<std::size_t>(end - from - 1)));
-    if (!stop) stop = end;
-    std::memmove(to, from, static_cast<std::size_t>(stop - from));
-    to += stop - from;
-    from = stop;
-  }
-  return to;
-}
-
-// Fetches the next bytes into the buffer, which is empty. False at the end of the file.
+// Fetches further bytes behind those that wait, as many as the buffer has room for. False when there are none to be had.
 bool fetch(Input& input) {
-  input.next = input.end = input.buffer;
-  while (input.next == input.end && !input.ended) {
-    char* bytes = input.buffer;
-    if (input.heldCr) *bytes++ = '\r';
-    const std::size_t asked = bufferSize - static_cast<std::size_t>(bytes - input.buffer);
-    const std::size_t got = fileRead(input.file, bytes, asked);
-    input.end = bytes + got;
-    input.ended = got < asked;
-    if (input.kind == InputKind::binary) break;
-    if (void* stop = std::memchr(bytes, ctrlZ, got)) {
-      input.end = static_cast<char*>(stop);
+  const std::size_t left = waiting(input);
+  if (input.ended || left == bufferSize) return false;
+  if (left > 0) std::memmove(input.buffer, input.next, left);
+  char* const bytes = input.buffer + left;
+  std::size_t got = fileRead(input.file, bytes, bufferSize - left);
+  input.ended = got < bufferSize - left;
+  if (input.kind == InputKind::text) {
+    if (const void* stop = std::memchr(bytes, ctrlZ, got)) {
+      const auto seen = static_cast<std::size_t>(static_cast<const char*>(stop) - bytes);
+      input.hidden = got - seen;
+      got = seen;
       input.ended = true;
     }
-    input.heldCr = !input.ended && input.end[-1] == '\r';
-    if (input.heldCr) --input.end;
-    input.end = dropCrs(input.buffer, input.end);
   }
-  return input.next != input.end;
+  input.next = input.buffer;
+  input.end = bytes + got;
+  return got > 0;
 }
 
-// Takes the next `size` bytes, fewer at the end of the file. With `bytes` null they are passed over.
-std::size_t take(Input& input, char* bytes, std::size_t size) {
+// Takes the next `size` bytes as they stand, fewer at the end of the file. With `bytes` null they are passed over.
+std::size_t takeBytes(Input& input, char* bytes, std::size_t size) {
   std::size_t taken = 0;
   while (taken < size) {
     const std::size_t left = size - taken;
     if (input.next == input.end) {
-      if (bytes && input.kind == InputKind::binary && left >= bufferSize && !input.ended) {
+      if (bytes && left >= bufferSize && !input.ended) {
         const std::size_t got = fileRead(input.file, bytes + taken, left);
         input.ended = got < left;
         return taken + got;
@@ -96,13 +79,59 @@ std::size_t take(Input& input, char* bytes, std::size_t size) {
   return taken;
 }
 
+// Takes the next piece of a text: up to `most` characters, up to and with the line feed. Gives its length. Within a line only a
+// CR right before the line feed goes, so the bytes before it are copied as they stand.
+std::size_t takePiece(Input& input, char* bytes, std::size_t most) {
+  std::size_t size = 0;
+  while (size < most) {
+    const std::size_t room = most - size;
+    // The piece, a CR that may go, and the line feed.
+    const std::size_t seen = waiting(input) < room + 1 ? waiting(input) : room + 1;
+    const auto* lineFeed = static_cast<const char*>(seen > 0 ? std::memchr(input.next, '\n', seen) : nullptr);
+    if (!lineFeed && seen < room + 1 && fetch(input)) continue;
+    std::size_t part = seen;
+    if (lineFeed) {
+      part = static_cast<std::size_t>(lineFeed - input.next);
+      if (part > 0 && lineFeed[-1] == '\r') --part;
+    } else if (!input.ended && seen <= room) {
+      --part;  // the buffer is full of one line: its last byte waits for what follows it
+    }
+    if (part > room) part = room;
+    if (bytes) std::memcpy(bytes + size, input.next, part);
+    input.next += part;
+    size += part;
+    if (lineFeed && size < most) {
+      if (bytes) bytes[size] = '\n';
+      input.next = input.buffer + (lineFeed - input.buffer) + 1;
+      return size + 1;
+    }
+    if (part == 0) break;
+  }
+  return size;
+}
+
+// A text as its reader sees it, of the given size.
+std::size_t takeText(Input& input, char* bytes, std::size_t size) {
+  std::size_t taken = 0;
+  while (taken < size) {
+    const std::size_t part = takePiece(input, bytes ? bytes + taken : nullptr, size - taken);
+    if (part == 0) break;
+    taken += part;
+  }
+  return taken;
+}
+
+std::size_t take(Input& input, char* bytes, std::size_t size) {
+  return input.kind == InputKind::text ? takeText(input, bytes, size) : takeBytes(input, bytes, size);
+}
+
 }  // namespace
 
 Input* inputOpen(const std::string& path, InputKind kind) {
   FileStream* file = fileOpenInput(path);
   if (!file) return nullptr;
   auto* buffer = static_cast<char*>(std::malloc(bufferSize));
-  auto* input = buffer ? new (std::nothrow) Input{file, kind, buffer, buffer, buffer, false, false, openInputs} : nullptr;
+  auto* input = buffer ? new (std::nothrow) Input{file, kind, buffer, buffer, buffer, false, 0, openInputs} : nullptr;
   if (!input) {
     std::free(buffer);
     static_cast<void>(fileClose(file));
@@ -144,7 +173,7 @@ bool inputRewind(Input& input) {
 
 std::int64_t inputTell(Input& input) {
   const std::int64_t position = fileTell(input.file);
-  return position < 0 ? -1 : position - static_cast<std::int64_t>(waiting(input));
+  return position < 0 ? -1 : position - static_cast<std::int64_t>(waiting(input) + input.hidden);
 }
 
 bool inputRead(Input& input, void* bytes, std::size_t size) {
@@ -168,19 +197,7 @@ std::size_t inputReadRecords(Input& input, void* block, std::size_t size, std::s
 bool inputReadPiece(Input& input, char* buffer, std::size_t limit, std::size_t* length) {
   if (limit == 0) return false;
   const bool granted = fileReadGranted(input.file, 1) == 1;
-  std::size_t size = 0;
-  bool lineEnded = false;
-  while (size + 1 < limit && !lineEnded) {
-    if (input.next == input.end && !fetch(input)) break;
-    std::size_t part = waiting(input) < limit - 1 - size ? waiting(input) : limit - 1 - size;
-    if (const void* lineFeed = std::memchr(input.next, '\n', part)) {
-      part = static_cast<std::size_t>(static_cast<const char*>(lineFeed) - input.next) + 1;
-      lineEnded = true;
-    }
-    if (granted) std::memcpy(buffer + size, input.next, part);
-    input.next += part;
-    size += part;
-  }
+  const std::size_t size = takePiece(input, granted ? buffer : nullptr, limit - 1);
   if (length) *length = size;
   if (!granted || (size == 0 && limit > 1)) return false;
   buffer[size] = '\0';

@@ -60,38 +60,49 @@ template <FormatText Format, LineEnd End, std::size_t I>
   return to + piece.size;
 }
 
-template <FormatText Format, LineEnd End, std::size_t... I, class... Args>
-[[gnu::always_inline]] inline char* putAll(char* to, const std::string_view* texts, std::index_sequence<I...>,
-                                           const Args&... args) {
+template <FormatText Format, LineEnd End, std::size_t... I, class... Values>
+[[gnu::always_inline]] inline char* putAll(char* to, std::index_sequence<I...>, const Values&... values) {
   constexpr auto& parts = formatParts<Format, End>;
-  ((to = putPlainText<Format, End, I>(to), to = putCell<parts.pieces[I].conversion, End>(to, args, texts[I])), ...);
+  ((to = putPlainText<Format, End, I>(to), to = putCell<parts.pieces[I].conversion, End>(to, values)), ...);
   return putPlainText<Format, End, sizeof...(I)>(to);
 }
 
 // Bytes that have their line feeds as they leave, of any length.
 void outputRaw(Output& output, std::string_view bytes);
 
+// `values` are plainValues of what was given.
+template <FormatText Format, std::size_t Bounded, class... Values>
+[[gnu::always_inline]] inline void printValues(Output& output, const Values&... values) {
+  constexpr auto places = std::index_sequence_for<Values...>();
+  const std::size_t room = Bounded + 2 * (freeSize(values) + ... + 0);
+  if (room > outputRoom) [[unlikely]] {
+    std::string formed(room, ' ');
+    const char* end = putAll<Format, LineEnd::crLf>(formed.data(), places, values...);
+    outputRaw(output, {formed.data(), static_cast<std::size_t>(end - formed.data())});
+    return;
+  }
+  outputReserve(output, room);
+  output.next = putAll<Format, LineEnd::crLf>(output.next, places, values...);
+}
+
+template <FormatText Format, std::size_t Bounded, class... Values>
+[[gnu::always_inline]] inline std::string formValues(const Values&... values) {
+  std::string formed(Bounded + (freeSize(values) + ... + 0), ' ');
+  const char* end = putAll<Format, LineEnd::lf>(formed.data(), std::index_sequence_for<Values...>(), values...);
+  formed.resize(static_cast<std::size_t>(end - formed.data()));
+  return formed;
+}
+
 }  // namespace detail
 
 // Writes one formed text. A failed write is remembered by the output.
 template <FormatText Format, class... Args>
-inline void print(Output& output, Args... args) {
+[[gnu::always_inline]] inline void print(Output& output, Args... args) {
   static_assert(detail::checkFormat<Format, Args...>());
   if constexpr (formatParts<Format, LineEnd::crLf>.conversions == sizeof...(Args)) {
     constexpr std::size_t bounded = detail::boundedRoom<Format, LineEnd::crLf, Args...>();
     static_assert(bounded <= outputRoom, "the format is too long for one print");
-    const std::string_view texts[] = {detail::freeText(args)..., {}};
-    std::size_t room = bounded;
-    for (const std::string_view& text : texts) room += 2 * text.size();
-    if (room > outputRoom) [[unlikely]] {
-      std::string formed(room, ' ');
-      const char* end =
-          detail::putAll<Format, LineEnd::crLf>(formed.data(), texts, std::index_sequence_for<Args...>(), args...);
-      detail::outputRaw(output, {formed.data(), static_cast<std::size_t>(end - formed.data())});
-      return;
-    }
-    outputReserve(output, room);
-    output.next = detail::putAll<Format, LineEnd::crLf>(output.next, texts, std::index_sequence_for<Args...>(), args...);
+    detail::printValues<Format, bounded>(output, detail::plainValue(args)...);
   }
 }
 
@@ -99,16 +110,11 @@ inline void print(Output& output, Args... args) {
 template <FormatText Format, class... Args>
 inline std::string formatText(Args... args) {
   static_assert(detail::checkFormat<Format, Args...>());
-  std::string formed;
   if constexpr (formatParts<Format, LineEnd::lf>.conversions == sizeof...(Args)) {
-    const std::string_view texts[] = {detail::freeText(args)..., {}};
-    std::size_t room = detail::boundedRoom<Format, LineEnd::lf, Args...>();
-    for (const std::string_view& text : texts) room += text.size();
-    formed.resize(room);
-    const char* end = detail::putAll<Format, LineEnd::lf>(formed.data(), texts, std::index_sequence_for<Args...>(), args...);
-    formed.resize(static_cast<std::size_t>(end - formed.data()));
+    return detail::formValues<Format, detail::boundedRoom<Format, LineEnd::lf, Args...>()>(detail::plainValue(args)...);
+  } else {
+    return {};
   }
-  return formed;
 }
 
 // The same without taking memory, for a cell that goes into a row as its %s. Texts among the arguments must be bounded.
@@ -119,8 +125,7 @@ inline auto formatCell(Args... args) {
   constexpr auto& parts = formatParts<Format, LineEnd::lf>;
   if constexpr (parts.conversions == sizeof...(Args) && (!detail::isFreeText<Args> && ...)) {
     SmallText<detail::boundedRoom<Format, LineEnd::lf, Args...>()> formed;
-    const std::string_view texts[sizeof...(Args) + 1] = {};
-    const char* end = detail::putAll<Format, LineEnd::lf>(formed.bytes, texts, std::index_sequence_for<Args...>(), args...);
+    const char* end = detail::putAll<Format, LineEnd::lf>(formed.bytes, std::index_sequence_for<Args...>(), args...);
     formed.size = static_cast<std::size_t>(end - formed.bytes);
     return formed;
   } else {

@@ -115,6 +115,33 @@ TEST_F(InputTest, piecesAcrossTheEndOfTheBufferAreThoseOfFgets) {
   }
 }
 
+TEST_F(InputTest, limitBeyondTheBufferTakesTheWholeLine) {
+  for (const std::size_t size : {65534, 65535, 65536, 65537, 65538, 140000}) {
+    for (const char* around : {"\r\n", "\r", "\r\r\n"}) {
+      const std::string bytes = std::string(size, 'x') + around + "end\r\n";
+      for (const std::size_t limit : {65534, 65535, 65536, 65537, 65538, 65539, 200000}) {
+        Input* input = openWith(bytes, InputKind::text);
+        ASSERT_EQ(pieces(*input, limit), piecesByFgets(asText(bytes), limit)) << size << " " << limit;
+        inputClose(input);
+      }
+    }
+  }
+}
+
+TEST_F(InputTest, recordOfATextFileIsReadAsItsReaderSeesIt) {
+  Input* input = openWith(
+      "a\r\nb\rc\r\n\r\nlast\x1a"
+      "more",
+      InputKind::text);
+  char bytes[6];
+  ASSERT_TRUE(inputRead(*input, bytes, 6));
+  EXPECT_EQ(std::string(bytes, 6), "a\nb\rc\n");
+  EXPECT_EQ(inputTell(*input), 8);  // of the bytes in the file
+  ASSERT_TRUE(inputRead(*input, bytes, 5));
+  EXPECT_EQ(std::string(bytes, 5), "\nlast");
+  EXPECT_FALSE(inputRead(*input, bytes, 1));
+}
+
 TEST_F(InputTest, lineLongerThanTheLimitComesInPieces) {
   Input* input = openWith("abcdefgh\r\nij\r\n", InputKind::text);
   EXPECT_EQ(pieces(*input, 4), "abc<>def<>gh\n<>ij\n<>");
@@ -233,10 +260,15 @@ TEST_F(InputTest, fail_readOfAPiecePassesOverIt) {
   faultsArm(Fault::read, 2, false);
   char piece[90];
   ASSERT_TRUE(inputReadPiece(*input, piece, sizeof piece));
-  EXPECT_FALSE(inputReadPiece(*input, piece, sizeof piece));
+  std::size_t length = 0;
+  EXPECT_FALSE(inputReadPiece(*input, piece, sizeof piece, &length));
+  EXPECT_EQ(length, 4u);  // "two" and its line feed were passed over, which tells the fault from the end
+  EXPECT_STREQ(piece, "one\n");
   ASSERT_TRUE(inputReadPiece(*input, piece, sizeof piece));
   EXPECT_STREQ(piece, "three\n");
-  EXPECT_EQ(faultUses(Fault::read), 3u);
+  EXPECT_FALSE(inputReadPiece(*input, piece, sizeof piece, &length));
+  EXPECT_EQ(length, 0u);
+  EXPECT_EQ(faultUses(Fault::read), 4u);
 }
 
 TEST_F(InputTest, fail_seekTellAndRewindAreTold) {
