@@ -142,12 +142,13 @@ void formShow(FormHandle form) {
   form->focusWhenShown = nullptr;
 }
 
-// A form that is active already keeps the focus where it is: taking it away would shut a list that is dropped down.
+// Activating a form gives the focus back to the control that had it. A form that is active already keeps it: taking it away
+// would shut a list that is dropped down.
 void formRaise(FormHandle form) {
   if (!form || GetActiveWindow() == form->window) return;
-  BringWindowToTop(form->window);
   state.settingFocus = true;
-  SetFocus(form->window);
+  BringWindowToTop(form->window);
+  SetActiveWindow(form->window);
   state.settingFocus = false;
 }
 
