@@ -19,7 +19,13 @@ struct Tokens {
 inline std::string_view tokenNext(Tokens& tokens, std::string_view delimiters) {
   const std::string_view rest = tokens.rest;
   std::size_t begin = 0;
-  const auto isDelimiter = [&](char c) { return delimiters.find(c) != std::string_view::npos; };
+  // A line has one delimiter, or few: a loop finds them sooner than a search.
+  const auto isDelimiter = [&](char c) {
+    for (const char delimiter : delimiters) {
+      if (c == delimiter) return true;
+    }
+    return false;
+  };
   while (begin < rest.size() && rest[begin] != '\0' && isDelimiter(rest[begin])) ++begin;
   std::size_t end = begin;
   while (end < rest.size() && rest[end] != '\0' && !isDelimiter(rest[end])) ++end;
