@@ -17,13 +17,13 @@ static constexpr std::size_t kestoReadLimit = 90;
 
 namespace {
 
-enum class PieceResult { piece, end, failed };
+enum class PieceResult { piece, lost, end };
 
-// A file's lines in pieces, with a note whether the next one begins in the middle of a line.
+// A file's lines in pieces.
 struct Pieces {
   Input& input;
   std::size_t limit;
-  bool insideLine = false;
+  bool failed = false;     // a read failed, now or earlier
   std::size_t length = 0;  // of the piece
   char text[normalReadLimit] = {};
 };
@@ -33,9 +33,9 @@ struct Pieces {
 static_assert(kestoCountLimit <= sizeof(Pieces::text));
 
 static PieceResult nextPiece(Pieces& pieces) {
-  const bool read = inputReadPiece(pieces.input, pieces.text, pieces.limit, &pieces.length);
-  if (!read) return pieces.length == 0 ? PieceResult::end : PieceResult::failed;
-  return PieceResult::piece;
+  if (inputReadPiece(pieces.input, pieces.text, pieces.limit, &pieces.length)) return PieceResult::piece;
+  if (inputPieceFailed(pieces.input)) pieces.failed = true;
+  return pieces.length == 0 ? PieceResult::end : PieceResult::lost;
 }
 
 static bool endsLine(const Pieces& pieces) { return pieces.length > 0 && pieces.text[pieces.length - 1] == '\n'; }
@@ -43,9 +43,8 @@ static bool endsLine(const Pieces& pieces) { return pieces.length > 0 && pieces.
 TouchlineCount countNormalTouchlines(Input& input) {
   Pieces pieces = {.input = input, .limit = normalCountLimit};
   TouchlineCount count = {};
-  PieceResult result = nextPiece(pieces);
-  for (; result == PieceResult::piece; result = nextPiece(pieces)) ++count.pieces;
-  count.failed = result == PieceResult::failed;
+  while (nextPiece(pieces) == PieceResult::piece) ++count.pieces;
+  count.failed = pieces.failed;
   return count;
 }
 
@@ -54,8 +53,7 @@ TouchlineCount countKestoTouchlines(Input& input) {
   TouchlineCount count = {};
   std::size_t toRead = 0;  // pieces that the reading will find
   std::size_t line = 0;    // characters of the line so far
-  PieceResult result = nextPiece(pieces);
-  for (; result == PieceResult::piece; result = nextPiece(pieces)) {
+  while (nextPiece(pieces) == PieceResult::piece) {
     ++count.pieces;
     line += pieces.length;
     if (!endsLine(pieces)) continue;
@@ -63,7 +61,7 @@ TouchlineCount countKestoTouchlines(Input& input) {
     line = 0;
   }
   toRead += (line + kestoReadLimit - 2) / (kestoReadLimit - 1);
-  count.failed = result == PieceResult::failed;
+  count.failed = pieces.failed;
   count.passOver = toRead > count.pieces ? toRead - count.pieces : 0;
   return count;
 }
@@ -91,22 +89,18 @@ bool readNormalTouchlines(Input& input, TouchlineHeader& header, NormalTouchline
   header = {};
   Pieces pieces = {.input = input, .limit = normalReadLimit};
   PieceResult result = nextPiece(pieces);
-  bool whole = result != PieceResult::failed;
   if (result == PieceResult::piece) readHeader(pieces.text, header);
   rewriteTouchlineDate(header.date);
 
   for (std::size_t i = 0; i < count && (result = nextPiece(pieces)) != PieceResult::end; ++i) {
-    if (result == PieceResult::failed) {
-      whole = false;
-      continue;
-    }
+    if (result == PieceResult::lost) continue;
     NormalTouchline& r = records[i];
     // clang-format off
     scan<"%[^|]|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|">(pieces.text,
         r.scripId, r.scripCode, r.rate1, r.rate2, r.open, r.high, r.low, r.lastTraded, r.volume);
     // clang-format on
   }
-  return whole;
+  return !pieces.failed;
 }
 
 static void splitKestoLine(std::string_view line, KestoTouchline& record) {
@@ -131,16 +125,14 @@ bool readKestoTouchlines(Input& input, TouchlineHeader& header, KestoTouchline* 
   header = {};
   Pieces pieces = {.input = input, .limit = kestoReadLimit};
   PieceResult result = nextPiece(pieces);
-  bool whole = result != PieceResult::failed;
   if (result == PieceResult::piece) readHeader(pieces.text, header);
   bool insideLine = result == PieceResult::piece && !endsLine(pieces);
 
   std::size_t i = 0;
   while (i < count && (result = nextPiece(pieces)) != PieceResult::end) {
     const bool beginsInsideLine = insideLine;
-    if (result == PieceResult::failed) {
+    if (result == PieceResult::lost) {
       // Where the lost piece ended is not known; what follows is taken for a line's beginning.
-      whole = false;
       insideLine = false;
       ++i;
       continue;
@@ -153,7 +145,7 @@ bool readKestoTouchlines(Input& input, TouchlineHeader& header, KestoTouchline* 
     splitKestoLine(lineOf(pieces.text), records[i]);
     ++i;
   }
-  return whole;
+  return !pieces.failed;
 }
 
 }  // namespace quillon

@@ -173,7 +173,7 @@ static bool reopenInput(FormHandle form, const KindTexts& texts) {
 // A header with no records does not print.
 static bool requireScrips(FormHandle form, const TouchlineCount& counted) {
   if (counted.pieces < 2) {
-    fail(form, boxTitle, zeroScripsText, BoxIcon::exclamation);
+    fail(form, boxTitle, zeroScripsText, BoxIcon::error);
     return false;
   }
   // What was not counted could not be printed, and nobody would see that it is missing.

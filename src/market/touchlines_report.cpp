@@ -1,5 +1,6 @@
 #include "market/touchlines_report.h"
 
+#include "text/in_order.h"
 #include "text/print.h"
 
 namespace quillon {
@@ -104,7 +105,7 @@ void writeNormalTouchlines(Output& out, const TouchlineHeader& header, const Nor
                            std::span<const std::uint32_t> order, const TouchlinesOptions& options) {
   Page page = {1, 0};
   normalHeading(out, header, options, page.number);
-  for (const std::uint32_t position : order) {
+  for (const auto& record : inOrder(records, order)) {
     if (page.rows == options.linesPerPage) {
       normalClosingRule(out);
       print<"|\n\n\n">(out);
@@ -112,7 +113,7 @@ void writeNormalTouchlines(Output& out, const TouchlineHeader& header, const Nor
       page = {page.number + 1, 0};
       normalHeading(out, header, options, page.number);
     }
-    normalRow(out, records[position]);
+    normalRow(out, record);
     ++page.rows;
   }
   normalClosingRule(out);
@@ -213,7 +214,7 @@ void writeKestoTouchlines(Output& out, const TouchlineHeader& header, const Kest
                           std::span<const std::uint32_t> order, const TouchlinesOptions& options) {
   Page page = {1, 0};
   kestoHeading(out, header, options, page.number);
-  for (const std::uint32_t position : order) {
+  for (const auto& record : inOrder(records, order)) {
     if (page.rows == options.linesPerPage) {
       kestoClosingRule(out);
       print<"|\n\n\n">(out);
@@ -221,7 +222,7 @@ void writeKestoTouchlines(Output& out, const TouchlineHeader& header, const Kest
       page = {page.number + 1, 0};
       kestoHeading(out, header, options, page.number);
     }
-    kestoRow(out, records[position]);
+    kestoRow(out, record);
     ++page.rows;
   }
   kestoClosingRule(out);

@@ -16,7 +16,7 @@ static constexpr std::size_t kestoScripReadLimit = 200;
 static LimitLineResult readPiece(Input& input, char* text, std::size_t limit) {
   std::size_t length = 0;
   if (inputReadPiece(input, text, limit, &length)) return LimitLineResult::line;
-  return length == 0 ? LimitLineResult::end : LimitLineResult::failed;
+  return length == 0 ? LimitLineResult::end : LimitLineResult::lost;
 }
 
 LimitsLayout limitsLayout(const TraderLimitsHeader& header, bool kesto) {
@@ -52,18 +52,17 @@ LimitLineResult readLimitLine(Input& input, std::size_t limit, LimitLine& line) 
 LimitsCount countKestoLimits(Input& input) {
   char text[kestoCountLimit];
   LimitsCount count = {};
-  LimitLineResult result = readPiece(input, text, kestoCountLimit);
-  for (; result == LimitLineResult::line; result = readPiece(input, text, kestoCountLimit)) ++count.pieces;
-  count.failed = result == LimitLineResult::failed;
+  while (readPiece(input, text, kestoCountLimit) == LimitLineResult::line) ++count.pieces;
+  count.failed = inputPieceFailed(input);
   return count;
 }
 
 bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t count) {
   char text[kestoTraderReadLimit];
   LimitLineResult result = readPiece(input, text, kestoTraderReadLimit);
-  bool whole = result != LimitLineResult::failed;
+  bool whole = !inputPieceFailed(input);
   for (std::size_t i = 0; i < count && (result = readPiece(input, text, kestoTraderReadLimit)) != LimitLineResult::end; ++i) {
-    if (result == LimitLineResult::failed) {
+    if (result == LimitLineResult::lost) {
       whole = false;
       continue;
     }
@@ -72,22 +71,22 @@ bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t 
     scan<"%ld|%[^|]|%ld|%ld|%ld|">(text, r.traderNo, r.traderName, flags, r.grossLendLimit, r.grossBorrowLimit);
     r.controlFlags = static_cast<std::uint32_t>(flags);
   }
-  return whole;
+  return whole && !inputPieceFailed(input);
 }
 
 bool readKestoScripLimits(Input& input, KestoScripLimit* records, std::size_t count) {
   char text[kestoScripReadLimit];
   LimitLineResult result = readPiece(input, text, kestoScripReadLimit);
-  bool whole = result != LimitLineResult::failed;
+  bool whole = !inputPieceFailed(input);
   for (std::size_t i = 0; i < count && (result = readPiece(input, text, kestoScripReadLimit)) != LimitLineResult::end; ++i) {
-    if (result == LimitLineResult::failed) {
+    if (result == LimitLineResult::lost) {
       whole = false;
       continue;
     }
     KestoScripLimit& r = records[i];
     scan<"%F[^|]|%Fld|%Fld|%Fld|">(text, r.scripId, r.scripCode, r.lendLimit, r.borrowLimit);
   }
-  return whole;
+  return whole && !inputPieceFailed(input);
 }
 
 }  // namespace quillon

@@ -45,14 +45,14 @@ struct LimitLine {
   std::span<const std::string_view> view() const { return {tokens.data(), count}; }
 };
 
-enum class LimitLineResult { line, end, failed };
+enum class LimitLineResult { line, lost, end };
 
 inline constexpr std::size_t traderwiseLineLimit = 300;  // sizes of the buffer a line is read into
 inline constexpr std::size_t scripwiseLineLimit = 80;
 
 // The next line, or the next piece of one that is longer than `limit` - 1 characters. `end` at the end of the file, at an
-// empty line and at a line holding only a newline: nothing behind it belongs to the report. `failed`: a read failed; the next
-// call goes on behind it.
+// empty line and at a line holding only a newline: nothing behind it belongs to the report. `lost`: its read failed, and the
+// next call goes on behind it. inputPieceFailed tells whether an `end` came from a read that failed.
 LimitLineResult readLimitLine(Input& input, std::size_t limit, LimitLine& line);
 
 // ---- Kesto ------------------------------------------------------------------------------------------------------------

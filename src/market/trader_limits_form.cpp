@@ -175,14 +175,13 @@ static void printLines(FormHandle form, LimitsReport& report, std::size_t lineLi
   LimitLine line;
   for (;;) {
     const LimitLineResult result = readLimitLine(*state.input, lineLimit, line);
+    if (inputPieceFailed(*state.input) && !failureTold) {
+      fail(form, readFailedText, BoxIcon::error);
+      failureTold = true;
+    }
     if (result == LimitLineResult::end) break;
     ++seen;
-    if (result == LimitLineResult::failed) {
-      if (!failureTold) fail(form, readFailedText, BoxIcon::error);
-      failureTold = true;
-    } else if (seen > headLines) {
-      row(report, line.view());
-    }
+    if (result == LimitLineResult::line && seen > headLines) row(report, line.view());
   }
 }
 
@@ -216,7 +215,7 @@ static RunEnd countRecords(FormHandle form, std::size_t& count) {
   }
   const LimitsCount counted = countKestoLimits(*state.input);
   if (counted.pieces == 0) {
-    fail(form, zeroRecordsText, BoxIcon::exclamation);
+    fail(form, zeroRecordsText, BoxIcon::error);
     return RunEnd::programEnds;
   }
   // What was not counted could not be printed, and nobody would see that it is missing.
@@ -286,6 +285,7 @@ static void run(FormHandle form) {
   captureOptions(form);
   const RunEnd end = validate(form) ? printByLayout(form) : RunEnd::failed;
   if (end == RunEnd::programEnds) {
+    (void)closeAllStreams();  // no report was begun
     appEnd(0);
     return;
   }

@@ -19,6 +19,7 @@ struct Input {
   char* next;          // the first byte not yet taken
   char* end;           // one past the last byte that waits
   bool ended;          // nothing more comes out of the file
+  bool failed;         // the last piece was asked for and not granted
   std::size_t hidden;  // bytes that were fetched and stand behind a Ctrl-Z, with it
   Input* following;    // every open input, for inputCloseAll
 };
@@ -131,7 +132,7 @@ Input* inputOpen(const std::string& path, InputKind kind) {
   FileStream* file = fileOpenInput(path);
   if (!file) return nullptr;
   auto* buffer = static_cast<char*>(std::malloc(bufferSize));
-  auto* input = buffer ? new (std::nothrow) Input{file, kind, buffer, buffer, buffer, false, 0, openInputs} : nullptr;
+  auto* input = buffer ? new (std::nothrow) Input{file, kind, buffer, buffer, buffer, false, false, 0, openInputs} : nullptr;
   if (!input) {
     std::free(buffer);
     static_cast<void>(fileClose(file));
@@ -197,11 +198,14 @@ std::size_t inputReadRecords(Input& input, void* block, std::size_t size, std::s
 bool inputReadPiece(Input& input, char* buffer, std::size_t limit, std::size_t* length) {
   if (limit == 0) return false;
   const bool granted = fileReadGranted(input.file, 1) == 1;
+  input.failed = !granted;
   const std::size_t size = takePiece(input, granted ? buffer : nullptr, limit - 1);
   if (length) *length = size;
   if (!granted || (size == 0 && limit > 1)) return false;
   buffer[size] = '\0';
   return true;
 }
+
+bool inputPieceFailed(const Input& input) { return input.failed; }
 
 }  // namespace quillon

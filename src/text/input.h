@@ -36,7 +36,9 @@ void inputCloseAll();  // every open input of the process
 // The next piece of a text file, as fgets with a buffer of `limit` takes it: at most limit - 1 characters, up to and with the
 // line feed, then a NUL. False at the end of the file or when the read fails. `length` (may be null) is the piece's length,
 // so that a NUL inside it can be told; with a false it is the number of characters passed over, which is 0 at the end of the
-// file and more where a read failed.
+// file.
 [[nodiscard]] bool inputReadPiece(Input& input, char* buffer, std::size_t limit, std::size_t* length = nullptr);
+// True when the last piece was false because its read failed, be it at the end of the file: then nobody knows that it is one.
+bool inputPieceFailed(const Input& input);
 
 }  // namespace quillon

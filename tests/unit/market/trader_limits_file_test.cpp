@@ -119,7 +119,7 @@ TEST(TraderLimitsFile, aReadThatFailsIsToldAndTheNextLineFollows) {
   LimitLine line;
   faultsArm(Fault::read, 2, false);
   EXPECT_EQ(readLimitLine(input, traderwiseLineLimit, line), LimitLineResult::line);
-  EXPECT_EQ(readLimitLine(input, traderwiseLineLimit, line), LimitLineResult::failed);
+  EXPECT_EQ(readLimitLine(input, traderwiseLineLimit, line), LimitLineResult::lost);
   EXPECT_EQ(line.count, 0u);
   EXPECT_EQ(readLimitLine(input, traderwiseLineLimit, line), LimitLineResult::line);
   EXPECT_EQ(line.tokens[0], "3");

@@ -93,7 +93,8 @@ namespace quillon::test {
           .tell = ""};
 }
 
-[[maybe_unused]] static FormRun traderLimits(const char* name, const char* sample, std::vector<int> options) {
+[[maybe_unused]] static FormRun traderLimits(const char* name, const char* sample, std::vector<int> options,
+                                              const char* memory) {
   return {.name = name,
           .form = "PRNTTRDLM",
           .sample = sample,
@@ -103,11 +104,12 @@ namespace quillon::test {
           .file = IDC_TRDLIM_FILE,
           .outFile = IDC_TRDLIM_OUTFILE,
           .options = std::move(options),
-          .memory = " Data: Memory Allocation Failure",
+          .memory = memory,
           .open = "Error In Opening ",
           .create = "Error ",
           .seek = "",
-          .tell = ""};
+          .tell = "",
+          .endsProgram = "Zero Records !! Cannot Print"};
 }
 
 const std::vector<FormRun>& allRuns() {
@@ -126,6 +128,15 @@ const std::vector<FormRun>& allRuns() {
       brokerQuery("broker query of 160 bytes after the cut-over", "BR250509.BIN", {IDC_BRKQRY_SORT_SCRIP_ID, IDC_BRKQRY_NETPOS}),
       brokerQuery("broker query of the lending market", "BR250509.SBIN", {IDC_BRKQRY_SORT_CLIENT_ID, IDC_BRKQRY_NETPOS}),
       brokerQuery("broker query of Kesto with the net position", "BB010109.BIN", {IDC_BRKQRY_NETPOS}),
+      touchlines("touchlines by scrip id", "TL010109.SAV", {}),
+      touchlines("touchlines of the lending market by scrip code", "TL250509.SSAV", {IDC_TLINE_SORT_SCRIP_CODE}),
+      touchlines("touchlines of Kesto", "KT010109.SAV", {IDC_TLINE_KESTO}),
+      traderLimits("trader limits by trader", "TD010109.TRD", {}, ""),
+      traderLimits("trader limits by scrip, lending market", "SC250509.STSL", {}, ""),
+      traderLimits("trader limits of Kesto by trader", "KL010109.TRD", {IDC_TRDLIM_KESTO},
+                   "Trader Limits Data: Memory Allocation Failure"),
+      traderLimits("trader limits of Kesto by scrip", "KS010109.TSL", {IDC_TRDLIM_KESTO},
+                   "Trader Limits  scrip Data: Memory Allocation Failure"),
   };
   return runs;
 }

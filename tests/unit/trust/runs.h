@@ -19,12 +19,15 @@ struct FormRun {
   std::string sample;  // under samples/export
   int load, print, cancel, file, outFile;
   std::vector<int> options;  // pressed after the load
-  // What must be shown when a use of the kind fails; empty: any box with an error icon.
+  // What must be shown when a use of the kind fails; empty: any box with an error icon. A form with no text for memory may take
+  // none.
   std::string memory, open, create, seek, tell;
   // Of a form whose load reads the file: its load step fails, and Print has nothing to print.
   bool readsAtLoad = false;
   // Of a form that is told to reset, and no more, when its output cannot be opened: the next run's end closes the input.
   bool keepsInputWithoutOutput = false;
+  // Of a form that ends the whole program with this message, so that no other run follows.
+  std::string endsProgram = {};
 };
 
 const std::vector<FormRun>& allRuns();
