@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t chunkSize = 8;
 constexpr std::size_t insertionLimit = 24;  // up to here moving neighbours is quicker
-constexpr std::size_t mergeLimit = 512;     // up to here merging is quicker than counting digits
+constexpr std::size_t mergeLimit = 96;      // up to here merging is quicker than counting digits
 
 struct Sorting {
   Records records;
