@@ -71,7 +71,7 @@ static std::vector<FileMask> splitMasks(std::string_view list) {
   const char separator = list.back();
   const auto takeUpToSeparator = [&list, separator] {
     const std::size_t end = std::min(list.find(separator), list.size());
-    const std::string piece(list.substr(0, end));
+    std::string piece(list.substr(0, end));
     list.remove_prefix(std::min(end + 1, list.size()));
     return piece;
   };

@@ -81,6 +81,33 @@ TEST(FileTitle, namesAndTheirFlags) {
   }
 }
 
+static FileSelection selectionOf(const char* title) {
+  fileSelection = {};
+  applyFileTitle(title);
+  return fileSelection;
+}
+
+TEST(FileTitle, tradeFileBelongsToTheLendingMarketByItsFirstLetter) {
+  EXPECT_TRUE(selectionOf("STR010109.B01").isLendingFile);
+  EXPECT_FALSE(selectionOf("TR010109.B01").isLendingFile);
+}
+
+TEST(FileTitle, extensionCountsInItsExactCaseOnly) {
+  EXPECT_TRUE(selectionOf("X.SORD").isLendingFile);
+  EXPECT_FALSE(selectionOf("X.Sord").isLendingFile);
+}
+
+TEST(FileTitle, consolidatedOrderFileOfTheLendingMarketIsToldInEitherCase) {
+  EXPECT_TRUE(selectionOf("SBO010109.BIN").isLendingFile);
+  EXPECT_TRUE(selectionOf("SBo010109.BIN").isLendingFile);
+}
+
+TEST(FileTitle, moneyFileOfTheLendingMarketSetsBothFlags) {
+  const FileSelection selection = selectionOf("MONY0101.S01");
+  EXPECT_TRUE(selection.isLendingFile);
+  EXPECT_TRUE(selection.isLendingAuctionFile);
+}
+
 // ---- The dialog -----------------------------------------------------------------------------------------------------------
 
 struct RequestCase {
