@@ -21,8 +21,8 @@ static bool initialise() { return true; }
 
 static void onCreated() {
   if (!toolbarBuilt) {
+    toolbarBuilt = true;  // first, since a toolbar tells of its own making, and that notification comes here too
     appBuildToolbar(toolTable);
-    toolbarBuilt = true;
   }
   registerClientTypes();
 }
