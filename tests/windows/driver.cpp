@@ -8,8 +8,8 @@
 // cannot is listed in run_wine.py, which compares the two). Windows are found by class and process, controls by id; the
 // program itself knows nothing of this.
 //
-// Beyond those it knows four commands for what only Windows has: "frame" tells of the main window and its toolbar, "tab" and
-// "escape" press these keys on the form, "mnemonic P" presses Alt+P there.
+// Beyond those it knows five commands for what only Windows has: "frame" tells of the main window and its toolbar, "hover FORM"
+// of the tooltip of a tool, "tab" and "escape" press these keys on the form, "mnemonic P" presses Alt+P there.
 //
 // A command is carried out on a thread of its own, by messages that come back only when the program has handled them: so its
 // end is known, and no time has to be guessed. Until then this thread watches for boxes and dialogs and answers them.
@@ -20,11 +20,13 @@
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
+// <windows.h> before the headers that lean on it.
+// clang-format off
 #include <windows.h>
-
 #include <commctrl.h>
 #include <commdlg.h>
 #include <dlgs.h>
+// clang-format on
 
 #include <algorithm>
 #include <array>
@@ -44,8 +46,8 @@
 namespace {
 
 constexpr int statusNoCommand = 2;
-constexpr int statusCannot = 3;   // a command that nobody can carry out from outside
-constexpr int statusStuck = 4;    // the program, or the screen, did not do what was waited for
+constexpr int statusCannot = 3;  // a command that nobody can carry out from outside
+constexpr int statusStuck = 4;   // the program, or the screen, did not do what was waited for
 constexpr DWORD startDeadline = 60'000;
 constexpr DWORD commandDeadline = 60'000;
 constexpr DWORD pollStep = 5;
@@ -57,6 +59,7 @@ struct Tool {
 };
 
 // In the order of the buttons.
+// clang-format off
 constexpr Tool tools[] = {
     {20006, L"PRNTRPT", IDC_TRADES_LOAD},
     {20007, L"PRNTNP", IDC_NETPOS_LOAD},
@@ -75,6 +78,7 @@ constexpr Tool tools[] = {
     {20018, L"PRNTQUOTELOG", 0},
     {40037, L"PRNTADMINLOG", 0},
 };
+// clang-format on
 
 struct Key {
   const char* name;
@@ -83,6 +87,7 @@ struct Key {
   int tool;
 };
 
+// clang-format off
 constexpr Key keys[] = {
     {"F1", VK_F1, 0, 20006},   {"F2", VK_F2, 0, 20007},   {"Ctrl+F2", VK_F2, VK_CONTROL, 7020},
     {"F3", VK_F3, 0, 20008},   {"F4", VK_F4, 0, 20009},   {"F5", VK_F5, 0, 20010},
@@ -90,6 +95,7 @@ constexpr Key keys[] = {
     {"F9", VK_F9, 0, 20014},   {"F10", VK_F10, 0, 20015}, {"F11", VK_F11, 0, 20016},
     {"Shift+F12", VK_F12, VK_SHIFT, 20018},               {"Ctrl+F1", VK_F1, VK_CONTROL, 40037},
 };
+// clang-format on
 
 enum class Kind { other, button, radio, check, edit, list };
 
@@ -107,7 +113,7 @@ struct ControlView {
 struct FormView {
   HWND window;
   std::wstring title;
-  int focus;  // 0: none that has an id
+  int focus;                                          // 0: none that has an id
   std::vector<std::pair<int, ControlView>> controls;  // in tab order
 };
 
@@ -241,10 +247,16 @@ const Tool* formOf(HWND window) {
 
 bool isFileDialog(HWND window) { return GetDlgItem(window, cmb1) && GetDlgItem(window, IDOK); }
 
-// A dialog of the program that is none of its forms: something that waits for an answer.
+bool isKnownForm(HWND window) {
+  return std::any_of(driver.open.begin(), driver.open.end(), [window](const auto& open) { return open.second == window; });
+}
+
+// A dialog of the program that is none of its forms: something that waits for an answer. A form on its way out has lost its
+// controls already, and is known by its window alone.
 HWND dialogThatAsks() {
   for (HWND window : topWindows()) {
-    if (classOf(window) == L"#32770" && !formOf(window) && IsWindowEnabled(window)) return window;
+    if (classOf(window) != L"#32770" || isKnownForm(window) || formOf(window) || !IsWindowEnabled(window)) continue;
+    return window;
   }
   return nullptr;
 }
@@ -258,12 +270,16 @@ Kind kindOf(HWND control) {
   if (name != L"Button") return Kind::other;
   switch (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) {
     case BS_PUSHBUTTON:
-    case BS_DEFPUSHBUTTON: return Kind::button;
+    case BS_DEFPUSHBUTTON:
+      return Kind::button;
     case BS_RADIOBUTTON:
-    case BS_AUTORADIOBUTTON: return Kind::radio;
+    case BS_AUTORADIOBUTTON:
+      return Kind::radio;
     case BS_CHECKBOX:
-    case BS_AUTOCHECKBOX: return Kind::check;
-    default: return Kind::other;
+    case BS_AUTOCHECKBOX:
+      return Kind::check;
+    default:
+      return Kind::other;
   }
 }
 
@@ -400,8 +416,10 @@ void writeTools() {
     const bool checked = isChecked(tool);
     if (checked == (driver.checked.count(&tool) > 0)) continue;
     write("{\"tools\":{" + json(tool.form) + ":" + truth(checked) + "}}");
-    if (checked) driver.checked.insert(&tool);
-    else driver.checked.erase(&tool);
+    if (checked)
+      driver.checked.insert(&tool);
+    else
+      driver.checked.erase(&tool);
   }
 }
 
@@ -502,10 +520,14 @@ void pressAndWait(HWND dialog, int button) {
 
 const char* nameOfButton(int id) {
   switch (id) {
-    case IDOK: return "ok";
-    case IDYES: return "yes";
-    case IDNO: return "no";
-    default: return "unknown";
+    case IDOK:
+      return "ok";
+    case IDYES:
+      return "yes";
+    case IDNO:
+      return "no";
+    default:
+      return "unknown";
   }
 }
 
@@ -630,8 +652,10 @@ void answerFiles(HWND dialog) {
 }
 
 void answerDialog(HWND dialog) {
-  if (isFileDialog(dialog)) answerFiles(dialog);
-  else answerBox(dialog);
+  if (isFileDialog(dialog))
+    answerFiles(dialog);
+  else
+    answerBox(dialog);
 }
 
 // ---- Carrying out ------------------------------------------------------------------------------------------------------
@@ -678,15 +702,43 @@ const Tool* toolNamed(const std::wstring& form) {
   return nullptr;
 }
 
+// The middle of a tool's button, on the toolbar.
+POINT middleOf(const Tool& tool) {
+  RECT area = {};
+  const RemoteMemory memory(sizeof area);
+  const LRESULT index = ask(driver.toolbar, TB_COMMANDTOINDEX, static_cast<WPARAM>(tool.id));
+  ask(driver.toolbar, TB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(memory.address));
+  memory.read(&area, sizeof area);
+  return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+}
+
 void pressTool(const std::wstring& form) {
   const Tool* tool = toolNamed(form);
   if (!tool) return refuse(L"there is no tool " + form);
-  RECT area = {};
-  const RemoteMemory memory(sizeof area);
-  const LRESULT index = ask(driver.toolbar, TB_COMMANDTOINDEX, static_cast<WPARAM>(tool->id));
-  ask(driver.toolbar, TB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(memory.address));
-  memory.read(&area, sizeof area);
-  carryOut([area] { clickAt(driver.toolbar, (area.left + area.right) / 2, (area.top + area.bottom) / 2); });
+  const POINT middle = middleOf(*tool);
+  carryOut([middle] { clickAt(driver.toolbar, middle.x, middle.y); });
+}
+
+HWND shownTooltip() {
+  for (HWND window : topWindows()) {
+    if (classOf(window) == TOOLTIPS_CLASSW) return window;
+  }
+  return nullptr;
+}
+
+// Away from the toolbar first, so that the pointer enters the button anew.
+void hover(const std::wstring& form) {
+  const Tool* tool = toolNamed(form);
+  if (!tool) return refuse(L"there is no tool " + form);
+  POINT middle = middleOf(*tool);
+  RECT bar = {};
+  GetWindowRect(driver.toolbar, &bar);
+  SetCursorPos(bar.left + 300, bar.bottom + 300);
+  waitFor("the tooltip before to go", commandDeadline, [] { return !shownTooltip(); });
+  ClientToScreen(driver.toolbar, &middle);
+  SetCursorPos(middle.x, middle.y);
+  waitFor("a tooltip", commandDeadline, [] { return shownTooltip() != nullptr; });
+  write("{\"tooltip\":" + json(textOf(shownTooltip())) + "}");
 }
 
 void sendKey(WORD code, bool up) {
@@ -895,33 +947,54 @@ std::pair<std::string, std::string> splitAtBlank(const std::string& text) {
 
 void arrange(const std::string& line) {
   const auto [word, argument] = splitAtBlank(line);
-  if (word == "choose") driver.files.push_back(argument.empty() ? std::nullopt : std::optional(widen(argument)));
-  else if (word == "answer" && (argument == "yes" || argument == "no")) driver.answers.push_back(argument == "yes");
-  else if (word == "printer" && !argument.empty()) askRunner(line);
-  else if (word == "clock") return;  // the machine's clock is not the driver's to set
-  else if (word == "fail") giveUp(statusCannot, line, "a fault cannot be brought about from outside");
-  else giveUp(statusNoCommand, line, "is no command");
+  if (word == "choose")
+    driver.files.push_back(argument.empty() ? std::nullopt : std::optional(widen(argument)));
+  else if (word == "answer" && (argument == "yes" || argument == "no"))
+    driver.answers.push_back(argument == "yes");
+  else if (word == "printer" && !argument.empty())
+    askRunner(line);
+  else if (word == "clock")
+    return;  // the machine's clock is not the driver's to set
+  else if (word == "fail")
+    giveUp(statusCannot, line, "a fault cannot be brought about from outside");
+  else
+    giveUp(statusNoCommand, line, "is no command");
 }
 
 void carryOutLine(const std::string& line) {
   const auto [word, argument] = splitAtBlank(line);
   const auto [first, text] = splitAtBlank(argument);
   write("{\"command\":" + json(widen(line)) + "}");
-  if (word == "tool") pressTool(widen(argument));
-  else if (word == "key") pressKey(argument);
-  else if (word == "form") turnTo(widen(argument));
-  else if (word == "press" && numberOf(argument)) press(*numberOf(argument));
-  else if (word == "type" && numberOf(first)) type(*numberOf(first), widen(text));
-  else if (word == "pick" && numberOf(first)) pick(*numberOf(first), widen(text));
-  else if (word == "close") closeForm();
-  else if (word == "quit") quit();
-  else if (word == "frame") tellOfFrame();
-  else if (word == "tab") pressTab();
-  else if (word == "escape") pressEscape();
-  else if (word == "mnemonic" && argument.size() == 1) pressMnemonic(static_cast<wchar_t>(argument[0]));
+  if (word == "tool")
+    pressTool(widen(argument));
+  else if (word == "key")
+    pressKey(argument);
+  else if (word == "form")
+    turnTo(widen(argument));
+  else if (word == "press" && numberOf(argument))
+    press(*numberOf(argument));
+  else if (word == "type" && numberOf(first))
+    type(*numberOf(first), widen(text));
+  else if (word == "pick" && numberOf(first))
+    pick(*numberOf(first), widen(text));
+  else if (word == "close")
+    closeForm();
+  else if (word == "quit")
+    quit();
+  else if (word == "frame")
+    tellOfFrame();
+  else if (word == "hover")
+    hover(widen(argument));
+  else if (word == "tab")
+    pressTab();
+  else if (word == "escape")
+    pressEscape();
+  else if (word == "mnemonic" && argument.size() == 1)
+    pressMnemonic(static_cast<wchar_t>(argument[0]));
   else if (word == "show") {
     if (const Tool* tool = current()) writeForm(tool, driver.open[tool], true);
-  } else arrange(line);
+  } else
+    arrange(line);
 
   if (driver.over) return;
   writeOpenAndClosed();

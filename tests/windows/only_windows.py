@@ -96,6 +96,27 @@ def button_follows_f1_twice_and_the_title_bar(desktop, folder):
     expect("closings", of_kind(lines, "closed"), ["PRNTRPT", "PRNTRPT"])
 
 
+KEYS = {"F1": "PRNTRPT", "F2": "PRNTNP", "Ctrl+F2": "PRNTNPRET", "F3": "AUCRPT", "F4": "PRNTTLINE", "F5": "PRNTTRDLM",
+        "F6": "PRNTSIXASEVENA", "F7": "PRNTBRKUP", "F8": "PRNTBRKREP", "F9": "CONVERT", "F10": "PRNTVQLS", "F11": "PRNTNETPOS",
+        "Shift+F12": "PRNTQUOTELOG", "Ctrl+F1": "PRNTADMINLOG"}
+
+
+def every_key_reaches_its_tool(desktop, folder):
+    lines = run(desktop, folder, ["key " + key for key in KEYS])
+    expect("check states", of_kind(lines, "tools"), [{form: True} for form in KEYS.values()])
+
+
+def every_button_has_its_tooltip(desktop, folder):
+    tips = {"PRNTRPT": "Trades Printing", "PRNTNP": "NetPosition Printing", "PRNTNPRET": "SLB Position Printing",
+            "AUCRPT": "Auction Report Printing", "PRNTTLINE": "TouchLines Printing", "PRNTTRDLM": "Trader Limits Printing",
+            "PRNTSIXASEVENA": "6A 7A Report Printing", "PRNTBRKUP": "BreakUp Data Printing",
+            "PRNTBRKREP": "Broker Query Printing", "CONVERT": "Convert", "DELV": "Auc.Delv Statement Printing",
+            "PRNTVQLS": "Kesto Printing", "PRNTNETPOS": "Kesto Net Position Printing", "PRNTORDLOG": "Order Log Printing",
+            "PRNTQUOTELOG": "Quote Log Printing", "PRNTADMINLOG": "Admin Log Printing"}
+    lines = run(desktop, folder, ["hover " + form for form in tips])
+    expect("tooltips", of_kind(lines, "tooltip"), list(tips.values()))
+
+
 def button_of_a_form_that_cannot_be_made_stays_checked(desktop, folder):
     lines = run(desktop, folder, ["tool DELV", "tool DELV"])
     expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")], [("Error", "Dialog Creation Failed")] * 2)
@@ -162,6 +183,8 @@ TESTS = [
     second_copy_ends_with_status_0_and_no_window,
     frame_is_maximised_with_16_check_buttons_and_no_menu,
     button_follows_f1_twice_and_the_title_bar,
+    every_key_reaches_its_tool,
+    every_button_has_its_tooltip,
     button_of_a_form_that_cannot_be_made_stays_checked,
     tab_order_is_reading_order,
     escape_does_nothing,

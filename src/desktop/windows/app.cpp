@@ -6,7 +6,10 @@
 
 #include "desktop/windows/common.h"
 
+// After <windows.h>, which common.h brings.
+// clang-format off
 #include <commctrl.h>
+// clang-format on
 
 namespace quillon {
 
@@ -72,7 +75,8 @@ static LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam
       windowsSetMainWindow(window);
       state.handler.created();
       return 0;
-    case WM_NOTIFY: return onNotify(window, reinterpret_cast<NMHDR*>(lParam));
+    case WM_NOTIFY:
+      return onNotify(window, reinterpret_cast<NMHDR*>(lParam));
     case WM_COMMAND:
       state.handler.command(LOWORD(wParam));
       return DefWindowProcW(window, message, wParam, lParam);
@@ -83,7 +87,8 @@ static LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam
     case WM_DESTROY:
       goDown();
       return 0;
-    default: return DefWindowProcW(window, message, wParam, lParam);
+    default:
+      return DefWindowProcW(window, message, wParam, lParam);
   }
 }
 
@@ -102,8 +107,8 @@ bool appRegisterClass(const AppWindow& window) {
 bool appCreateWindow(const AppWindow& window, const AppHandler& handler) {
   state.handler = handler;
   const HWND made = CreateWindowExW(0, wideFromAnsi(window.windowClass).c_str(), wideFromAnsi(window.title).c_str(),
-                                    WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                                    nullptr, nullptr, windowsInstance(), nullptr);
+                                    WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                                    CW_USEDEFAULT, nullptr, nullptr, windowsInstance(), nullptr);
   return made != nullptr;
 }
 

@@ -7,11 +7,16 @@ namespace quillon {
 
 static UINT iconFlag(BoxIcon icon) {
   switch (icon) {
-    case BoxIcon::none: return 0;
-    case BoxIcon::information: return MB_ICONINFORMATION;
-    case BoxIcon::exclamation: return MB_ICONEXCLAMATION;
-    case BoxIcon::error: return MB_ICONERROR;
-    case BoxIcon::question: return MB_ICONQUESTION;
+    case BoxIcon::none:
+      return 0;
+    case BoxIcon::information:
+      return MB_ICONINFORMATION;
+    case BoxIcon::exclamation:
+      return MB_ICONEXCLAMATION;
+    case BoxIcon::error:
+      return MB_ICONERROR;
+    case BoxIcon::question:
+      return MB_ICONQUESTION;
   }
   return 0;
 }

@@ -11,9 +11,9 @@
 namespace quillon {
 
 HINSTANCE windowsInstance();
-HWND windowsMainWindow();           // null until it is made
+HWND windowsMainWindow();  // null until it is made
 void windowsSetMainWindow(HWND window);
-HWND windowsOf(FormHandle form);    // null for a null handle
+HWND windowsOf(FormHandle form);       // null for a null handle
 HWND windowsOwnerOf(FormHandle form);  // the form's window, or the main window for a null handle
 
 // While one stands, neither the main window nor any form takes input: a run blocks the whole program until its box is

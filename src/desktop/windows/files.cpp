@@ -97,8 +97,8 @@ bool fileWrite(FileStream* file, const void* bytes, std::size_t size) {
 
 // What tells a file from every other of the machine. Opened for its properties alone, so that a file in use is no obstacle.
 static bool identify(const std::string& path, BY_HANDLE_FILE_INFORMATION& info) {
-  const HANDLE handle = CreateFileW(wideFromUtf8(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  const HANDLE handle = CreateFileW(wideFromUtf8(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
   if (handle == INVALID_HANDLE_VALUE) return false;
   const bool known = GetFileInformationByHandle(handle, &info) != 0;
   CloseHandle(handle);

@@ -107,15 +107,16 @@ static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam
       SetWindowLongPtrW(window, DWLP_USER, 0);
       takeOff(form);
       return FALSE;
-    default: return FALSE;
+    default:
+      return FALSE;
   }
 }
 
 FormHandle formCreate(const char* resource, FormHandler handler) {
   FormWindow* form = new FormWindow{.window = nullptr, .handler = handler, .focusWhenShown = nullptr};
   state.forms.push_back(form);
-  const HWND window = CreateDialogParamW(windowsInstance(), wideFromAnsi(resource).c_str(), windowsMainWindow(), dialogProcedure,
-                                         reinterpret_cast<LPARAM>(form));
+  const HWND window = CreateDialogParamW(windowsInstance(), wideFromAnsi(resource).c_str(), windowsMainWindow(),
+                                         dialogProcedure, reinterpret_cast<LPARAM>(form));
   if (window) return form;
   // A form that came as far as its window has been taken off with it.
   if (std::find(state.forms.begin(), state.forms.end(), form) != state.forms.end()) takeOff(form);
@@ -158,7 +159,8 @@ void formSetTitle(FormHandle form, std::string_view utf8) {
 
 void formSetCloseEnabled(FormHandle form, bool enabled) {
   if (!form) return;
-  EnableMenuItem(GetSystemMenu(form->window, FALSE), SC_CLOSE, static_cast<UINT>(MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED)));
+  EnableMenuItem(GetSystemMenu(form->window, FALSE), SC_CLOSE,
+                 static_cast<UINT>(MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED)));
 }
 
 // ---- Controls ----------------------------------------------------------------------------------------------------------

@@ -5,8 +5,11 @@
 
 #include "desktop/windows/common.h"
 
+// After <windows.h>, which common.h brings.
+// clang-format off
 #include <cderr.h>
 #include <commdlg.h>
+// clang-format on
 
 namespace quillon {
 
