@@ -28,6 +28,14 @@ static std::wstring filterText(std::span<const FileMask> masks) {
   return filter;
 }
 
+// The library of the dialog brings half the shell with it. It is loaded when the first file is chosen, so that the main window
+// does not wait for it.
+template <class Function>
+static Function* commonDialog(const char* name) {
+  static const HMODULE library = LoadLibraryExW(L"comdlg32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+  return library ? reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(library, name))) : nullptr;
+}
+
 std::optional<std::string> openDialogAsk(const OpenDialog& dialog) {
   const InputBlock block;
   const std::wstring filter = filterText(dialog.masks);
@@ -47,8 +55,10 @@ std::optional<std::string> openDialogAsk(const OpenDialog& dialog) {
   // The current folder stays where it is: reports go there, wherever the input was found.
   ask.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
 
-  if (GetOpenFileNameW(&ask)) return utf8FromWide(path.data());
-  if (CommDlgExtendedError() == FNERR_BUFFERTOOSMALL) {
+  const auto askForFile = commonDialog<decltype(GetOpenFileNameW)>("GetOpenFileNameW");
+  const auto lastError = commonDialog<decltype(CommDlgExtendedError)>("CommDlgExtendedError");
+  if (askForFile && askForFile(&ask)) return utf8FromWide(path.data());
+  if (lastError && lastError() == FNERR_BUFFERTOOSMALL) {
     MessageBoxW(ask.hwndOwner, L"The name of this file, with its folders, is too long.", ask.lpstrTitle, MB_ICONEXCLAMATION);
   }
   return std::nullopt;
