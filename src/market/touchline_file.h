@@ -22,13 +22,13 @@ struct TouchlineHeader {
 struct NormalTouchline {
   TextField<12> scripId;
   std::int32_t scripCode;
-  std::int32_t rate1;       // paise, as are the five that follow
+  std::int32_t rate1;  // paise, as are the five that follow
   std::int32_t rate2;
   std::int32_t open;
   std::int32_t high;
   std::int32_t low;
   std::int32_t lastTraded;
-  std::int32_t volume;      // units traded
+  std::int32_t volume;  // units traded
 };
 
 struct KestoTouchline {

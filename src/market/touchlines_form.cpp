@@ -86,9 +86,9 @@ static constexpr int kindRadios[] = {IDC_TLINE_NORMAL, IDC_TLINE_KESTO};
 static constexpr int printRadios[] = {IDC_TLINE_PRINTER, IDC_TLINE_FILE};
 static constexpr int outputControls[] = {IDC_TLINE_OUTFILE_LABEL, IDC_TLINE_OUTFILE};
 // Cancel is not among them: it stays enabled during a run, though nothing answers it.
-static constexpr int runControls[] = {IDC_TLINE_PRINTER,         IDC_TLINE_FILE,          IDC_TLINE_OUTFILE, IDC_TLINE_PRINT,
-                                      IDC_TLINE_SORT_SCRIP_CODE, IDC_TLINE_SORT_SCRIP_ID, IDC_TLINE_NORMAL,  IDC_TLINE_KESTO,
-                                      IDC_TLINE_LOAD};
+static constexpr int runControls[] = {
+    IDC_TLINE_PRINTER,       IDC_TLINE_FILE,   IDC_TLINE_OUTFILE, IDC_TLINE_PRINT, IDC_TLINE_SORT_SCRIP_CODE,
+    IDC_TLINE_SORT_SCRIP_ID, IDC_TLINE_NORMAL, IDC_TLINE_KESTO,   IDC_TLINE_LOAD};
 
 static struct {
   std::string inputPath;  // empty until a file is chosen
@@ -96,10 +96,10 @@ static struct {
   bool byScripCode;
   bool kesto;
   unsigned linesPerPage;
-  Input* input;        // given back by closeAllStreams
-  Output* output;      // likewise
-  void* block;         // the records, then their order; freed at the end of the run
-  bool probeLost;      // the output that only proved that it can be written could not be closed
+  Input* input;    // given back by closeAllStreams
+  Output* output;  // likewise
+  void* block;     // the records, then their order; freed at the end of the run
+  bool probeLost;  // the output that only proved that it can be written could not be closed
 } state;
 
 static void fail(FormHandle form, const char* title, const char* text, BoxIcon icon) {
@@ -285,24 +285,46 @@ static void cancel(FormHandle form) {
 
 static void press(FormHandle form, int control) {
   switch (control) {
-    case IDC_TLINE_LOAD: load(form); break;
-    case IDC_TLINE_PRINT: run(form); break;
-    case IDC_TLINE_CANCEL: cancel(form); break;
-    case IDC_TLINE_PRINTER: setControlsVisible(form, outputControls, false); break;
-    case IDC_TLINE_FILE: setControlsVisible(form, outputControls, true); break;
-    default: break;
+    case IDC_TLINE_LOAD:
+      load(form);
+      break;
+    case IDC_TLINE_PRINT:
+      run(form);
+      break;
+    case IDC_TLINE_CANCEL:
+      cancel(form);
+      break;
+    case IDC_TLINE_PRINTER:
+      setControlsVisible(form, outputControls, false);
+      break;
+    case IDC_TLINE_FILE:
+      setControlsVisible(form, outputControls, true);
+      break;
+    default:
+      break;
   }
 }
 
 void touchlinesFormEvent(const FormEvent& event) {
   switch (event.kind) {
-    case FormEventKind::start: resetForm(event.form); break;
-    case FormEventKind::press: press(event.form, event.control); break;
-    case FormEventKind::activate: formRaise(event.form); break;
-    case FormEventKind::close: toolCommand(toolTouchlines); break;
-    case FormEventKind::destroy: toolFormGone(toolTouchlines); break;
+    case FormEventKind::start:
+      resetForm(event.form);
+      break;
+    case FormEventKind::press:
+      press(event.form, event.control);
+      break;
+    case FormEventKind::activate:
+      formRaise(event.form);
+      break;
+    case FormEventKind::close:
+      toolCommand(toolTouchlines);
+      break;
+    case FormEventKind::destroy:
+      toolFormGone(toolTouchlines);
+      break;
     case FormEventKind::edit:
-    case FormEventKind::pick: break;
+    case FormEventKind::pick:
+      break;
   }
 }
 

@@ -59,9 +59,11 @@ LimitsCount countKestoLimits(Input& input) {
 
 bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t count) {
   char text[kestoTraderReadLimit];
-  LimitLineResult result = readPiece(input, text, kestoTraderReadLimit);
+  (void)readPiece(input, text, kestoTraderReadLimit);  // line 1 is known by now
   bool whole = !inputPieceFailed(input);
-  for (std::size_t i = 0; i < count && (result = readPiece(input, text, kestoTraderReadLimit)) != LimitLineResult::end; ++i) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const LimitLineResult result = readPiece(input, text, kestoTraderReadLimit);
+    if (result == LimitLineResult::end) break;
     if (result == LimitLineResult::lost) {
       whole = false;
       continue;
@@ -76,9 +78,11 @@ bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t 
 
 bool readKestoScripLimits(Input& input, KestoScripLimit* records, std::size_t count) {
   char text[kestoScripReadLimit];
-  LimitLineResult result = readPiece(input, text, kestoScripReadLimit);
+  (void)readPiece(input, text, kestoScripReadLimit);  // line 1 is known by now
   bool whole = !inputPieceFailed(input);
-  for (std::size_t i = 0; i < count && (result = readPiece(input, text, kestoScripReadLimit)) != LimitLineResult::end; ++i) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const LimitLineResult result = readPiece(input, text, kestoScripReadLimit);
+    if (result == LimitLineResult::end) break;
     if (result == LimitLineResult::lost) {
       whole = false;
       continue;

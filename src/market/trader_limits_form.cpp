@@ -68,7 +68,7 @@ static constexpr int kindRadios[] = {IDC_TRDLIM_NORMAL, IDC_TRDLIM_KESTO};
 static constexpr int printRadios[] = {IDC_TRDLIM_PRINTER, IDC_TRDLIM_FILE};
 static constexpr int outputControls[] = {IDC_TRDLIM_OUTFILE_LABEL, IDC_TRDLIM_OUTFILE};
 // Cancel is not among them: it stays enabled during a run, though nothing answers it.
-static constexpr int runControls[] = {IDC_TRDLIM_PRINTER, IDC_TRDLIM_FILE,   IDC_TRDLIM_OUTFILE, IDC_TRDLIM_PRINT,
+static constexpr int runControls[] = {IDC_TRDLIM_PRINTER, IDC_TRDLIM_FILE,  IDC_TRDLIM_OUTFILE, IDC_TRDLIM_PRINT,
                                       IDC_TRDLIM_NORMAL,  IDC_TRDLIM_KESTO, IDC_TRDLIM_LOAD};
 
 static struct {
@@ -76,10 +76,10 @@ static struct {
   std::string outputName;
   bool kesto;
   unsigned linesPerPage;
-  Input* input;        // given back by closeAllStreams
-  Output* output;      // likewise
-  void* block;         // the records of a Kesto file; freed at the end of the run
-  bool probeLost;      // the output that only proved that it can be written could not be closed
+  Input* input;    // given back by closeAllStreams
+  Output* output;  // likewise
+  void* block;     // the records of a Kesto file; freed at the end of the run
+  bool probeLost;  // the output that only proved that it can be written could not be closed
 } state;
 
 namespace {
@@ -269,11 +269,16 @@ static RunEnd printByLayout(FormHandle form) {
     return RunEnd::failed;
   }
   switch (limitsLayout(header, state.kesto)) {
-    case LimitsLayout::normalTraderwise: return printNormalTraderwise(form, header);
-    case LimitsLayout::normalScripwise: return printNormalScripwise(form, header);
-    case LimitsLayout::kestoTraderwise: return printKestoTraderwise(form, header);
-    case LimitsLayout::kestoScripwise: return printKestoScripwise(form, header);
-    case LimitsLayout::none: break;
+    case LimitsLayout::normalTraderwise:
+      return printNormalTraderwise(form, header);
+    case LimitsLayout::normalScripwise:
+      return printNormalScripwise(form, header);
+    case LimitsLayout::kestoTraderwise:
+      return printKestoTraderwise(form, header);
+    case LimitsLayout::kestoScripwise:
+      return printKestoScripwise(form, header);
+    case LimitsLayout::none:
+      break;
   }
   fail(form, state.kesto ? notCompatibleKestoText : notCompatibleNormalText, BoxIcon::exclamation);
   return RunEnd::failed;
@@ -312,24 +317,46 @@ static void cancel(FormHandle form) {
 
 static void press(FormHandle form, int control) {
   switch (control) {
-    case IDC_TRDLIM_LOAD: load(form); break;
-    case IDC_TRDLIM_PRINT: run(form); break;
-    case IDC_TRDLIM_CANCEL: cancel(form); break;
-    case IDC_TRDLIM_PRINTER: setControlsVisible(form, outputControls, false); break;
-    case IDC_TRDLIM_FILE: setControlsVisible(form, outputControls, true); break;
-    default: break;
+    case IDC_TRDLIM_LOAD:
+      load(form);
+      break;
+    case IDC_TRDLIM_PRINT:
+      run(form);
+      break;
+    case IDC_TRDLIM_CANCEL:
+      cancel(form);
+      break;
+    case IDC_TRDLIM_PRINTER:
+      setControlsVisible(form, outputControls, false);
+      break;
+    case IDC_TRDLIM_FILE:
+      setControlsVisible(form, outputControls, true);
+      break;
+    default:
+      break;
   }
 }
 
 void traderLimitsFormEvent(const FormEvent& event) {
   switch (event.kind) {
-    case FormEventKind::start: resetForm(event.form); break;
-    case FormEventKind::press: press(event.form, event.control); break;
-    case FormEventKind::activate: formRaise(event.form); break;
-    case FormEventKind::close: toolCommand(toolTraderLimits); break;
-    case FormEventKind::destroy: toolFormGone(toolTraderLimits); break;
+    case FormEventKind::start:
+      resetForm(event.form);
+      break;
+    case FormEventKind::press:
+      press(event.form, event.control);
+      break;
+    case FormEventKind::activate:
+      formRaise(event.form);
+      break;
+    case FormEventKind::close:
+      toolCommand(toolTraderLimits);
+      break;
+    case FormEventKind::destroy:
+      toolFormGone(toolTraderLimits);
+      break;
     case FormEventKind::edit:
-    case FormEventKind::pick: break;
+    case FormEventKind::pick:
+      break;
   }
 }
 

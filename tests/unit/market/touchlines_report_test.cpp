@@ -30,8 +30,8 @@ NormalTouchline normal(const char* scripId, std::int32_t scripCode, std::int32_t
 KestoTouchline kesto(const char* scripId, std::int32_t scripCode, std::int32_t lendRate, std::int32_t lendQty,
                      std::int32_t lendYield, std::int32_t borrowRate, std::int32_t borrowQty, std::int32_t borrowYield,
                      std::int32_t standardRate, std::int32_t weightedAverage, std::int32_t tradedVolume) {
-  KestoTouchline made = {{},          scripCode,    lendRate,        lendQty,      lendYield, borrowRate, borrowQty,
-                         borrowYield, standardRate, weightedAverage, tradedVolume, {}};
+  KestoTouchline made = {{},        scripCode,   lendRate,     lendQty,         lendYield,    borrowRate,
+                         borrowQty, borrowYield, standardRate, weightedAverage, tradedVolume, {}};
   fieldSet(made.scripId, scripId);
   fieldSet(made.trailer, "NOT PRINTED");
   return made;

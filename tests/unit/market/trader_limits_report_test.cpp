@@ -83,10 +83,8 @@ KestoScripLimit scrip(const char* id, std::int32_t code, std::int32_t lend, std:
 }
 
 const std::vector<KestoTraderLimit> kestoTraders = {
-    trader(1, "RAMESH", 0, 100, 200),
-    trader(22, "A LONGER NAME", 0x1FFFFFFF, 2147483647, -1),
-    trader(3, "SUDHA", 0x1FFF7FFF, 5, 6),
-    trader(4, "OMAR", 0x600080C0, 7, 8),
+    trader(1, "RAMESH", 0, 100, 200),     trader(22, "A LONGER NAME", 0x1FFFFFFF, 2147483647, -1),
+    trader(3, "SUDHA", 0x1FFF7FFF, 5, 6), trader(4, "OMAR", 0x600080C0, 7, 8),
     trader(5, "IRIS", 0x40, 0, 0),
 };
 const std::vector<KestoScripLimit> kestoScrips = {
@@ -165,21 +163,15 @@ TEST(TraderLimitsReport, rightsComeFromTheControlFlags) {
     const char* letters;  // No Rgts, UTrd, Trd Sec, N Deal, X Deal, Llim, BLim
   };
   const Case cases[] = {
-      {0x00000000, "YNNNNNN"},
-      {0x1FFFFFFF, "NYYYYNN"},  // unrestricted
-      {0x1FFF7FFF, "NYNYYNN"},  // likewise, but no trading of securities
-      {0x00008000, "NNYNNNN"},
-      {0x00000040, "NNNYNNN"},
-      {0x00000080, "NNNNYNN"},
-      {0x20000000, "NNNNNYN"},
-      {0x40000000, "NNNNNNY"},
-      {0x7FFFFFFF, "NNYYYYY"},  // bits 29 and 30 beside all the others: restricted
-      {0xFFFFFFFF, "NNYYYYY"},
-      {0x00000001, "NNNNNNN"},
+      {0x00000000, "YNNNNNN"}, {0x1FFFFFFF, "NYYYYNN"},  // unrestricted
+      {0x1FFF7FFF, "NYNYYNN"},                           // likewise, but no trading of securities
+      {0x00008000, "NNYNNNN"}, {0x00000040, "NNNYNNN"}, {0x00000080, "NNNNYNN"}, {0x20000000, "NNNNNYN"},
+      {0x40000000, "NNNNNNY"}, {0x7FFFFFFF, "NNYYYYY"},  // bits 29 and 30 beside all the others: restricted
+      {0xFFFFFFFF, "NNYYYYY"}, {0x00000001, "NNNNNNN"},
   };
   for (const Case& c : cases) {
     const TraderRights rights = traderRights(c.flags);
-    const std::string letters = {rights.noRights,   rights.unrestricted, rights.tradeSecurities, rights.normalDeal,
+    const std::string letters = {rights.noRights,  rights.unrestricted, rights.tradeSecurities, rights.normalDeal,
                                  rights.crossDeal, rights.lendLimit,    rights.borrowLimit};
     EXPECT_EQ(letters, c.letters) << std::hex << c.flags;
   }
