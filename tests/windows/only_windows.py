@@ -135,6 +135,15 @@ def escape_does_nothing(desktop, folder):
     expect("closings", of_kind(lines, "closed"), ["PRNTRPT"])  # at the end of the program
 
 
+def box_gives_the_focus_back_to_the_button_that_brought_it(desktop, folder):
+    # Two boxes, neither of which resets the form: what Tab then moves from is the Print button.
+    commands = ["tool PRNTRPT"] + LOAD + ["press 1011", "type 1057 0", "press 1015", "tab"]
+    lines = run(desktop, folder, commands)
+    expect("boxes", [box["text"] for box in of_kind(lines, "box")],
+           ["Lines per page cannot be '>50' or '<1'\nWill be taken as 50", "Please give OutFile Name."])
+    expect("focus", of_kind(lines, "focus"), [1200])
+
+
 def access_keys_press_load_and_print(desktop, folder):
     lines = run(desktop, folder, ["tool PRNTRPT", "choose export/" + TRADE_FILE, "mnemonic l", "show"])
     expect("title of the dialog", last_of(lines, "files")["title"], "LOAD TRADE FILE")
@@ -188,6 +197,7 @@ TESTS = [
     button_of_a_form_that_cannot_be_made_stays_checked,
     tab_order_is_reading_order,
     escape_does_nothing,
+    box_gives_the_focus_back_to_the_button_that_brought_it,
     access_keys_press_load_and_print,
     printer_receives_the_report,
     missing_printer_says_check_your_printer,

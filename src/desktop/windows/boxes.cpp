@@ -22,11 +22,12 @@ static UINT iconFlag(BoxIcon icon) {
 }
 
 static int show(FormHandle owner, const char* title, std::string_view text, UINT flags) {
-  const InputBlock block;
+  const HWND ownerWindow = windowsOwnerOf(owner);
+  const InputBlock block(ownerWindow);
   const std::wstring wideTitle = wideFromAnsi(title ? title : "");
   const std::wstring wideText = wideFromAnsi(text);
   // No title at all: Windows puts its own word there.
-  return MessageBoxW(windowsOwnerOf(owner), wideText.c_str(), title ? wideTitle.c_str() : nullptr, flags);
+  return MessageBoxW(ownerWindow, wideText.c_str(), title ? wideTitle.c_str() : nullptr, flags);
 }
 
 void boxShow(FormHandle owner, const char* title, std::string_view text, BoxIcon icon) {

@@ -16,10 +16,11 @@ void windowsSetMainWindow(HWND window);
 HWND windowsOf(FormHandle form);       // null for a null handle
 HWND windowsOwnerOf(FormHandle form);  // the form's window, or the main window for a null handle
 
-// While one stands, neither the main window nor any form takes input: a run blocks the whole program until its box is
-// answered, and Windows by itself blocks the box's owner alone.
+// While one stands around a box or a dialog, neither the main window nor any form takes input: a run blocks the whole program
+// until its box is answered. `owner` is the box's own owner, which Windows blocks, and gives back in time to become the active
+// window again; were all of them blocked until the box is gone, another program's window would come to the front.
 struct InputBlock {
-  InputBlock();
+  explicit InputBlock(HWND owner);
   ~InputBlock();
   InputBlock(const InputBlock&) = delete;
   InputBlock& operator=(const InputBlock&) = delete;

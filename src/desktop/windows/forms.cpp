@@ -25,16 +25,16 @@ HWND windowsOf(FormHandle form) { return form ? form->window : nullptr; }
 
 // ---- Standing still while a box is open --------------------------------------------------------------------------------
 
-static void blockWindow(HWND window) {
-  if (!window || !IsWindowEnabled(window)) return;
+static void blockWindow(HWND window, HWND owner) {
+  if (!window || window == owner || !IsWindowEnabled(window)) return;
   EnableWindow(window, FALSE);
   state.blocked.push_back(window);
 }
 
-InputBlock::InputBlock() {
+InputBlock::InputBlock(HWND owner) {
   if (state.blocks++ > 0) return;
-  blockWindow(windowsMainWindow());
-  for (const FormWindow* form : state.forms) blockWindow(form->window);
+  blockWindow(windowsMainWindow(), owner);
+  for (const FormWindow* form : state.forms) blockWindow(form->window, owner);
 }
 
 InputBlock::~InputBlock() {

@@ -37,7 +37,8 @@ static Function* commonDialog(const char* name) {
 }
 
 std::optional<std::string> openDialogAsk(const OpenDialog& dialog) {
-  const InputBlock block;
+  const HWND owner = windowsOwnerOf(dialog.owner);
+  const InputBlock block(owner);
   const std::wstring filter = filterText(dialog.masks);
   const std::wstring title = wideFromAnsi(dialog.title);
   const std::wstring folder = wideFromUtf8(dialog.folder);
@@ -45,19 +46,23 @@ std::optional<std::string> openDialogAsk(const OpenDialog& dialog) {
 
   OPENFILENAMEW ask = {};
   ask.lStructSize = sizeof ask;
-  ask.hwndOwner = windowsOwnerOf(dialog.owner);
+  ask.hwndOwner = owner;
   ask.lpstrFilter = dialog.masks.empty() ? nullptr : filter.c_str();
   ask.nFilterIndex = static_cast<DWORD>(dialog.selected);
   ask.lpstrFile = path.data();
   ask.nMaxFile = static_cast<DWORD>(path.size());
   ask.lpstrInitialDir = folder.c_str();
   ask.lpstrTitle = dialog.title.empty() ? nullptr : title.c_str();
-  // The current folder stays where it is: reports go there, wherever the input was found.
   ask.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
 
   const auto askForFile = commonDialog<decltype(GetOpenFileNameW)>("GetOpenFileNameW");
   const auto lastError = commonDialog<decltype(CommDlgExtendedError)>("CommDlgExtendedError");
-  if (askForFile && askForFile(&ask)) return utf8FromWide(path.data());
+  // The current folder stays where it is: reports go there, wherever the input was found. Windows does not promise that the
+  // flag binds this dialog.
+  const std::wstring current = wideFromUtf8(openDialogCurrentFolder());
+  const bool chosen = askForFile && askForFile(&ask);
+  SetCurrentDirectoryW(current.c_str());
+  if (chosen) return utf8FromWide(path.data());
   if (lastError && lastError() == FNERR_BUFFERTOOSMALL) {
     MessageBoxW(ask.hwndOwner, L"The name of this file, with its folders, is too long.", ask.lpstrTitle, MB_ICONEXCLAMATION);
   }
