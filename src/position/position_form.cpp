@@ -29,7 +29,8 @@ static constexpr char blockTitle[] = "Error";
 static constexpr char selectionCancelled[] = "Error in opening Outfile";  // on the Reply line alone; the wording is settled
 static constexpr char inputNotOpened[] = "Error in Loading Trade File";
 static constexpr char readFailed[] = "fread Failed";
-static constexpr char notATradeFile[] = "Error in input file ";
+static constexpr char wrongLetter[] = "Error in input file ";
+static constexpr char notTradeFile[] = "The Input file is not a valid trade file";  // a known letter, but no trades behind it
 static constexpr char notCounted[] = "Error In Calculating No Of Records";
 static constexpr char seekFailed[] = "Fseek Failed ";
 static constexpr char noRecords[] = "Trade file is Blank";
@@ -170,7 +171,8 @@ static bool endLoad(PositionForm& state, const char* boxTitle, const char* text)
 static bool readFile(PositionForm& state, Input& input) {
   PositionFile& file = state.file;
   if (!inputRead(input, &file.header, sizeof file.header)) return endLoad(state, title, readFailed);
-  if (!isTradeFile(file.header)) return endLoad(state, title, notATradeFile);
+  if (!isTradeFileLetter(file.header.fileKind)) return endLoad(state, title, wrongLetter);
+  if (!isTradeFile(file.header)) return endLoad(state, title, notTradeFile);
   positionSetLayout(file, state.tool.always144);
 
   if (!inputSeekEnd(input)) return endLoad(state, title, notCounted);

@@ -14,10 +14,9 @@ std::size_t tradeRecordSize(TradeLayout layout) {
   return sizeof(TradeRec132);
 }
 
-bool isTradeFile(const TradeHeader& header) {
-  const bool knownLetter = header.fileKind == 'N' || header.fileKind == 'V' || header.fileKind == 'B';
-  return knownLetter && header.kind == 'T';
-}
+bool isTradeFileLetter(char fileKind) { return fileKind == 'N' || fileKind == 'V' || fileKind == 'B'; }
+
+bool isTradeFile(const TradeHeader& header) { return isTradeFileLetter(header.fileKind) && header.kind == 'T'; }
 
 TradeLayout tradeLayoutOf(const TradeHeader& header) {
   if (header.fileKind == 'B') return TradeLayout::kesto;

@@ -138,7 +138,9 @@ enum class TradeLayout { rec132, rec144, kesto };
 // Bytes of one record.
 std::size_t tradeRecordSize(TradeLayout layout);
 
-// The first letter is one of a trade file's, and the second says that it holds trades.
+// The first letter is one of a trade file's.
+bool isTradeFileLetter(char fileKind);
+// So it is, and the second says that the file holds trades.
 bool isTradeFile(const TradeHeader& header);
 
 // Which records follow the header, by its first letter alone: a letter that is none of a trade file's gives rec132.

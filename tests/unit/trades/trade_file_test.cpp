@@ -44,6 +44,8 @@ TEST(TradeFile, onlyLettersNVBWithKindTAreTradeFiles) {
   for (const char letter : {'N', 'V', 'B'}) EXPECT_TRUE(isTradeFile(headerWith(letter)));
   for (const char letter : {'X', 'C', 'n', '\0'}) EXPECT_FALSE(isTradeFile(headerWith(letter))) << letter;
   for (const char kind : {'B', 't', '\0'}) EXPECT_FALSE(isTradeFile(headerWith('N', kind))) << kind;
+  EXPECT_TRUE(isTradeFileLetter('B'));
+  EXPECT_FALSE(isTradeFileLetter('T'));
 }
 
 struct CountCase {
