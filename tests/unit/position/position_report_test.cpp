@@ -135,9 +135,38 @@ TEST(PositionReports, sevenRowsAtThreeAPageAreThreePagesOfThreeThreeAndOne) {
   }
 }
 
+TEST(PositionReports, noRowsAreAHeadingTheRuleTheEndAndAFormFeed) {
+  for (PositionReport report : {clientWise, clientScrip, scripClient, scripWise}) {
+    SCOPED_TRACE(static_cast<int>(report));
+    const std::vector<std::string> pages = pagesOf(reportOf({"", net, 'N', false, report, 1, noRows}));
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_NE(pages[0].find("Page: 1\r\n"), std::string::npos);
+    EXPECT_EQ(rowsOn(pages[0]), 0u);
+    const std::vector<std::string> lines = linesOf(pages[0]);
+    ASSERT_GE(lines.size(), 5u);
+    // The last piece is what stands behind the last line feed.
+    EXPECT_EQ(lines[lines.size() - 4], lines[lines.size() - 3]) << "the rule under the heading, then the closing rule";
+    EXPECT_NE(lines[lines.size() - 2].find("***End of "), std::string::npos);
+    EXPECT_EQ(lines.back(), "");
+  }
+}
+
 TEST(PositionReports, secondReportBeginsAtPageOneAgain) {
-  const ReportCase c = {"", net, 'N', false, clientWise, 3, sevenRows};
-  EXPECT_EQ(reportOf(c), reportOf(c));
+  for (int run = 0; run < 2; ++run) {
+    const std::vector<std::string> pages = pagesOf(reportOf({"", net, 'N', false, clientWise, 3, sevenRows}));
+    EXPECT_NE(pages.front().find("Page: 1\r\n"), std::string::npos);
+    EXPECT_NE(pages.back().find("Page: 3\r\n"), std::string::npos);
+  }
+}
+
+TEST(PositionReports, normalFileInTheSlbToolHasTheBuyAndSellLayoutUnderTheExchange) {
+  const std::string text = reportOf({"", slb, 'V', false, clientScrip, 50, threeRows});
+  EXPECT_NE(text.find("TARVEN STOCK EXCHANGE LTD."), std::string::npos);
+  EXPECT_EQ(text.find("KOR SHARE"), std::string::npos);
+  EXPECT_NE(text.find(" ScripWise  Position of Client : C1\r\n"), std::string::npos);
+  EXPECT_NE(text.find("| Buy Avg Rate | Sell Qty   | Sell AvgRate |   Net Qty  |   Net Value    |      BEP     |"),
+            std::string::npos);
+  EXPECT_EQ(text.find("Borrow"), std::string::npos);
 }
 
 TEST(PositionReports, lendingFileHasTheClearingHouseOnEachPageAndNoBreakEven) {
