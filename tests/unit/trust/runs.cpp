@@ -1,7 +1,5 @@
 #include "runs.h"
 
-#include <unistd.h>
-
 #include <fstream>
 
 #include "desktop/scripted/script.h"
@@ -12,7 +10,7 @@
 
 namespace quillon::test {
 
-[[maybe_unused]] static FormRun trades(const char* name, const char* sample, std::vector<int> options) {
+static FormRun trades(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTRPT",
           .sample = sample,
@@ -29,7 +27,7 @@ namespace quillon::test {
           .tell = "Error In Calculating No Of Records"};
 }
 
-[[maybe_unused]] static FormRun brokerQuery(const char* name, const char* sample, std::vector<int> options) {
+static FormRun brokerQuery(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTBRKREP",
           .sample = sample,
@@ -47,7 +45,7 @@ namespace quillon::test {
           .keepsInputWithoutOutput = true};
 }
 
-[[maybe_unused]] static FormRun netPosition(const char* name, const char* sample, int option) {
+static FormRun netPosition(const char* name, const char* sample, int option) {
   return {.name = name,
           .form = "PRNTNP",
           .sample = sample,
@@ -65,7 +63,7 @@ namespace quillon::test {
           .readsAtLoad = true};
 }
 
-[[maybe_unused]] static FormRun slbPosition(const char* name, const char* sample, int option) {
+static FormRun slbPosition(const char* name, const char* sample, int option) {
   FormRun run = netPosition(name, sample, option);
   run.form = "PRNTNPRET";
   run.load = IDC_SLB_LOAD;
@@ -76,7 +74,7 @@ namespace quillon::test {
   return run;
 }
 
-[[maybe_unused]] static FormRun touchlines(const char* name, const char* sample, std::vector<int> options) {
+static FormRun touchlines(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTTLINE",
           .sample = sample,
@@ -93,7 +91,7 @@ namespace quillon::test {
           .tell = ""};
 }
 
-[[maybe_unused]] static FormRun traderLimits(const char* name, const char* sample, std::vector<int> options,
+static FormRun traderLimits(const char* name, const char* sample, std::vector<int> options,
                                               const char* memory) {
   return {.name = name,
           .form = "PRNTTRDLM",
@@ -169,10 +167,7 @@ Outcome runProgram(const std::string& commands, Fault kind, std::size_t number, 
 
 void InOwnFolder::SetUp() {
   before_ = std::filesystem::current_path();
-  // Thousands of small files: memory serves better than a disk, where there is some.
-  const std::filesystem::path memory = "/dev/shm";
-  const std::filesystem::path base = std::filesystem::exists(memory) ? memory : std::filesystem::path(testing::TempDir());
-  folder_ = base / ("quillon-trust-" + std::to_string(getpid()));
+  folder_ = std::filesystem::path(testing::TempDir()) / "trust";
   std::filesystem::remove_all(folder_);
   std::filesystem::create_directories(folder_);
   std::filesystem::current_path(folder_);
