@@ -41,6 +41,12 @@ const std::vector<KestoTrade> fiveKestoTrades = {
     {5, 500012, "DERRICK", 50000, 700, 7, 12, "15:29:59", "C0004", 'V', 1005},
 };
 
+const std::vector<KestoTrade> wideKestoTrades = {
+    {123456, 1234567890, "ELEVENCHARS", 2147483647, 1234567890, 123456, 2147483647, "10:15:30", "CLIENT-ELEV", 'S', 1234567890},
+    {-99999, -2147483647 - 1, "ELEVENCHARS", -2147483647 - 1, -2147483647 - 1, -99999, -2147483647 - 1, "10:15:30",
+     "CLIENT-ELEV", 'V', -2147483647 - 1},
+};
+
 template <typename Record>
 std::string listed(const std::vector<Record>& records, BrokerArrangement arrangement, unsigned linesPerPage,
                    TradeHeader fileHeader = header(25, 5, 2009), bool isLendingFile = false) {
@@ -125,6 +131,8 @@ TEST(BrokerReport, valuesWiderThanTheirColumnsArePrintedWhole) {
   for (const Named& named : normalArrangements) {
     expectApproved(std::string("brokerquery/") + named.name + "_wide_values.txt", listed(wideTrades, named.arrangement, 50));
   }
+  expectApproved("brokerquery/kesto_wide_values.txt",
+                 listed(block<KestoBrokerRec>(wideKestoTrades), BrokerArrangement::kesto, 50));
 }
 
 TEST(BrokerReport, noRecordsGiveHeaderClosingRuleAndFormFeed) {
