@@ -116,6 +116,13 @@ TEST(BrokerNetPosition, profitOfANetBuyIsNegativeHereAndNeverInAKestoFile) {
   EXPECT_EQ(kestoBrokerNetPosition({10, 8, 100.0, 160.0}).breakEven, 30.0);
 }
 
+TEST(BrokerNetPosition, netSaleIsPositiveAtAProfitAndNegativeAtALoss) {
+  // 10 bought, 15 sold: 5 to be bought back. Taken in 500 more than was paid: at 100 each nothing is left of it.
+  EXPECT_EQ(brokerNetPosition({10, 15, 1500.0, 2000.0}).breakEven, 100.0);
+  EXPECT_EQ(brokerNetPosition({10, 15, 2000.0, 1500.0}).breakEven, -100.0);
+  EXPECT_EQ(kestoBrokerNetPosition({10, 15, 2000.0, 1500.0}).breakEven, 100.0);
+}
+
 TEST(BrokerNetPosition, kestoPriceIsCutWhereTheNormalOneIsRounded) {
   // 8.3333 a unit.
   EXPECT_EQ(kestoBrokerNetPosition({3, 0, 25.0, 0.0}).breakEven, 8.33);
