@@ -339,4 +339,31 @@ TEST(ProgramResources, everyFormCanBeClosedByItsTitleBar) {
   }
 }
 
+// Titles that a form replaces as it starts, and labels without an id: a transcript shows neither.
+TEST(ProgramResources, titlesAndLabelsThatNoTranscriptShows) {
+  struct Row {
+    const char* form;
+    const char* title;
+    std::vector<std::string> labels;
+  };
+  const Row rows[] = {
+      {"PRNTRPT", "TRADES PRINTING", {"Sort By", "Print To", "Lines per page", "Reply"}},
+      {"PRNTNP", "NET POSITION PRINTING", {"Report", "Print To", "LinesPerPage", "Reply"}},
+      {"PRNTNPRET", "Position Printing - SLB", {"Report", "Print To", "LinesPerPage", "Reply :"}},
+      {"PRNTBRKREP", "Print Broker Report", {"Sort By", "Print To", "Lines per page", "Reply"}},
+      {"PRNTTLINE", "Touchlines Printing ", {"Sort By ", "Select File Type", "Print to", "Lines Per Page", "Reply :"}},
+      {"PRNTTRDLM", "Trader Limits Printing", {"Select File Type", "Print To", "Lines Per Page", "Reply :"}},
+  };
+  for (const Row& row : rows) {
+    const std::optional<DialogTemplate> dialog = resourceDialog(resourceBytes(), row.form);
+    ASSERT_TRUE(dialog) << row.form;
+    EXPECT_EQ(dialog->title, row.title);
+    std::vector<std::string> labels;
+    for (const ControlTemplate& control : dialog->controls) {
+      if (control.id < 0) labels.push_back(control.text);
+    }
+    EXPECT_EQ(labels, row.labels) << row.form;
+  }
+}
+
 }  // namespace quillon
