@@ -37,12 +37,16 @@ def prepare(folder):
 
 def do_job(desktop, folder, leave):
     """The words of the last box, or why there was none."""
-    process = desktop.start_driver(folder, leave=leave)
-    out, complaint = process.communicate("\n".join(COMMANDS) + "\n", timeout=300)
+    if leave:
+        status, out = desktop.run_and_leave(folder, COMMANDS)
+    else:
+        process = desktop.start_driver(folder)
+        out, _ = process.communicate("\n".join(COMMANDS) + "\n", timeout=300)
+        status = process.returncode
+    if status != 0:
+        return "the driver ended with status %d" % status
     boxes = [line["box"]["text"] for line in transcripts.parse(out) if "box" in line]
-    if process.returncode != 0 or not boxes:
-        return complaint or "the program showed no box"
-    return boxes[-1]
+    return boxes[-1] if boxes else "a copy of the program is open already; close it first"
 
 
 def main():

@@ -36,7 +36,8 @@ class Desktop:
         for tool in ["wine", "wineserver"] + (["Xvfb"] if own_screen else []):
             if not shutil.which(tool):
                 raise DesktopError("%s is not installed: tools/setup installs what the tests need" % tool)
-        self.prefix = os.path.join(self.build, "wine")
+        # A program that is left open for use has a prefix of its own, so that no test meets it or ends it.
+        self.prefix = os.path.join(self.build, "wine" if own_screen else "wine-for-use")
         self.own_screen = own_screen
         self.dpi = dpi
         self.screen = None
@@ -47,7 +48,7 @@ class Desktop:
 
     def __enter__(self):
         os.makedirs(self.prefix, exist_ok=True)
-        self.lock = open(os.path.join(self.build, "wine.lock"), "w")
+        self.lock = open(self.prefix + ".lock", "w", encoding="ascii")
         fcntl.flock(self.lock, fcntl.LOCK_EX)
         try:
             if self.own_screen:
@@ -109,13 +110,26 @@ class Desktop:
         subprocess.run(["wine"] + arguments, env=self.environment, check=True, timeout=START_SECONDS,
                        stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    def start_driver(self, folder, script=None, leave=False):
+    def start_driver(self, folder, script=None):
         """A driver with the program in `folder`; without a script it takes its commands from standard input."""
-        arguments = ["wine", self.driver] + (["--leave"] if leave else []) + [windows_path(self.program)]
+        arguments = ["wine", self.driver, windows_path(self.program)]
         if script:
             arguments.append(windows_path(os.path.abspath(script)))
         return subprocess.Popen(arguments, cwd=folder, env=self.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                 stderr=subprocess.PIPE, text=True, encoding="utf-8")
+
+    def run_and_leave(self, folder, commands):
+        """Carries out the commands and leaves the program open; gives the driver's status and what it wrote.
+
+        Through files: a program that stays keeps a pipe open, and its end would never come.
+        """
+        with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as written:
+            given.write(("\n".join(commands) + "\n").encode("utf-8"))
+            given.seek(0)
+            run = subprocess.run(["wine", self.driver, "--leave", windows_path(self.program)], cwd=folder, env=self.environment,
+                                 stdin=given, stdout=written, stderr=subprocess.DEVNULL, check=False, timeout=START_SECONDS)
+            written.seek(0)
+            return run.returncode, written.read().decode("utf-8")
 
     def link_printer(self, path):
         """What goes to PRN goes to this file; None takes the printer away.
