@@ -171,7 +171,7 @@ const char* touchlines() {
       std::FILE* file = std::fopen(name.c_str(), "wb");
       if (!file) std::abort();
       for (std::int64_t i = 0; i < lineCount; ++i) {
-        std::fprintf(file, "RELIANCE|%u|123450|123400|120000|125000|119000|123400|%u|\r\n",
+        std::fprintf(file, "AMBARTEX|%u|123450|123400|120000|125000|119000|123400|%u|\r\n",
                      static_cast<unsigned>(500000 + randomNumber(40000)), static_cast<unsigned>(randomNumber(10000000)));
       }
       std::fclose(file);

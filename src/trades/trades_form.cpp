@@ -97,7 +97,7 @@ struct Options {
 
 struct TradesForm {
   std::string inputPath;  // empty until a file is chosen
-  bool isLendingFile;     // as the file's name told at the load: another form may choose a file before Print
+  bool isLendingFile;     // of the file last chosen on any form, as it stands when Print is pressed
   std::string outFile;    // what the OutFile edit held before its last update
   Input* input;
   Output* output;
@@ -203,17 +203,11 @@ static void failRun(FormHandle form, const char* boxTitle, const char* text, Box
   (void)closeAllStreams();  // the report that was lost has been given up above
 }
 
-// False when the run is over. A missing or wrong name leaves the form as it stands, so that the user can put it right; a
-// stream that cannot be opened ends the run.
+// False when the run is over. Without a file the form stays as it stands, with the options that were chosen; whatever fails
+// behind that ends the run, and the file has to be loaded again.
 static bool openRun(FormHandle form, Options& options) {
   if (!requireInputPath(form, streamTexts, state.inputPath)) return false;
-  state.input = openInputStream(form, streamTexts, state.inputPath);
-  if (state.input) {
-    if (!requireOutputName(form, streamTexts, options.outputName)) return false;
-    if (refuseInputAsOutput(form, streamTexts, state.inputPath, options.outputName)) return false;
-    state.output = openOutputStream(form, streamTexts, options.outputName);
-    if (state.output) return true;
-  }
+  if (openStreams(form, streamTexts, state.inputPath, options.outputName, state.input, state.output)) return true;
   enableControls(form);
   resetForm(form);
   (void)closeAllStreams();  // nothing was written yet
@@ -352,6 +346,7 @@ static void printNetPosition(Output& out, const TradesReport& report, TradeLayou
 // ---- Print ----------------------------------------------------------------------------------------------------------------
 
 static void onPrint(FormHandle form) {
+  state.isLendingFile = fileSelection.isLendingFile;
   Options options = captureOptions(form);
   if (!openRun(form, options)) return;
 
