@@ -8,8 +8,9 @@
 // cannot is listed in run_wine.py, which compares the two). Windows are found by class and process, controls by id; the
 // program itself knows nothing of this.
 //
-// Beyond those it knows five commands for what only Windows has: "frame" tells of the main window and its toolbar, "hover FORM"
-// of the tooltip of a tool, "tab" and "escape" press these keys on the form, "mnemonic P" presses Alt+P there.
+// Beyond those it knows six commands for what only Windows has: "frame" tells of the main window and its toolbar, "hover FORM"
+// of the tooltip of a tool, "tab" and "escape" press these keys on the form, "mnemonic P" presses Alt+P there, "keys TEXT"
+// types a text one character after the other where the caret stands ('<' is the backspace key).
 //
 // A command is carried out on a thread of its own, by messages that come back only when the program has handled them: so its
 // end is known, and no time has to be guessed. Until then this thread watches for boxes and dialogs and answers them.
@@ -888,6 +889,13 @@ void pressMnemonic(wchar_t letter) {
   }
 }
 
+void typeKeys(const std::wstring& text) {
+  const HWND window = focusWindow();
+  carryOut([window, &text] {
+    for (const wchar_t c : text) send(window, WM_CHAR, c == L'<' ? VK_BACK : c, 1);
+  });
+}
+
 void tellOfFrame() {
   std::string pieces;
   RECT bar = {};
@@ -991,6 +999,8 @@ void carryOutLine(const std::string& line) {
     pressEscape();
   else if (word == "mnemonic" && argument.size() == 1)
     pressMnemonic(static_cast<wchar_t>(argument[0]));
+  else if (word == "keys")
+    typeKeys(widen(argument));
   else if (word == "show") {
     if (const Tool* tool = current()) writeForm(tool, driver.open[tool], true);
   } else

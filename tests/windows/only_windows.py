@@ -144,6 +144,12 @@ def box_gives_the_focus_back_to_the_button_that_brought_it(desktop, folder):
     expect("focus", of_kind(lines, "focus"), [1200])
 
 
+def refused_character_leaves_the_caret_where_it_was(desktop, folder):
+    # The output name takes 12 characters. What comes after a refused 13th stands at the end of them, not at their front.
+    lines = run(desktop, folder, ["tool PRNTRPT", "press 1011", "type 1013", "keys ABCDEFGHIJKLM<X", "show"])
+    expect("output name", last_of(lines, "changed")["controls"]["1013"]["text"], "ABCDEFGHIJKX")
+
+
 def access_keys_press_load_and_print(desktop, folder):
     lines = run(desktop, folder, ["tool PRNTRPT", "choose export/" + TRADE_FILE, "mnemonic l", "show"])
     expect("title of the dialog", last_of(lines, "files")["title"], "LOAD TRADE FILE")
@@ -198,6 +204,7 @@ TESTS = [
     tab_order_is_reading_order,
     escape_does_nothing,
     box_gives_the_focus_back_to_the_button_that_brought_it,
+    refused_character_leaves_the_caret_where_it_was,
     access_keys_press_load_and_print,
     printer_receives_the_report,
     missing_printer_says_check_your_printer,

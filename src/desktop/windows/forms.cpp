@@ -176,7 +176,12 @@ static std::string textOf(HWND window) {
 void formSetText(FormHandle form, int control, std::string_view text) {
   const HWND window = controlOf(form, control);
   if (!window) return;
+  // A filter that puts a text back while the user types in it leaves the caret where it stands, or at the end of the text.
+  const bool typedInto = GetFocus() == window && isKind(window, L"Edit");
+  DWORD caret = 0;
+  if (typedInto) SendMessageW(window, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
   SetWindowTextW(window, wideFromAnsi(text).c_str());
+  if (typedInto) SendMessageW(window, EM_SETSEL, caret, static_cast<LPARAM>(caret));
   UpdateWindow(window);  // a run does not come back to the message loop before its end; its progress is to be seen
 }
 
