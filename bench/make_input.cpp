@@ -71,7 +71,8 @@ static bool writeFile(std::FILE* file, char kind, const std::vector<char>& recor
   header.year = 10;
   header.hour = 15;
   header.minute = 45;
-  return std::fwrite(&header, sizeof header, 1, file) == 1 && std::fwrite(records.data(), 1, records.size(), file) == records.size();
+  return std::fwrite(&header, sizeof header, 1, file) == 1 &&
+         std::fwrite(records.data(), 1, records.size(), file) == records.size();
 }
 
 int main(int argc, char** argv) {

@@ -48,8 +48,9 @@ _Static_assert(sizeof(struct Trade144) == 144, "a long record is 144 bytes");
 
 enum { rowsPerPage = 50, bufferSize = 1 << 20 };
 
-static const char rule[] = "________________________________________________________________________________________________________"
-                           "______________________";
+static const char rule[] =
+    "________________________________________________________________________________________________________"
+    "______________________";
 
 static const char rule107[] =
     "_____________________________________________________________________________________________"
@@ -89,8 +90,8 @@ static void printPageHeader(FILE* out, const struct Header* header, int page) {
   fprintf(out, "%126s\r\n", underscores(126));
   fprintf(out, "%1c%21s%8c%19c%19s%10c%11s%1c%18s%1c%6s%1c%9s%1c\r\n", '|', "Bought from", '|', '|', "Sold to  ", '|',
           "ClientId", '|', "TrnId", '|', "TrdId", '|', "Time", '|');
-  fprintf(out, "%1c%28s%1c%18s%1c%28s%1c%12c%19c%7c%10c\r\n", '|', underscores(28), '|', underscores(18), '|', underscores(28), '|', '|',
-          '|', '|', '|');
+  fprintf(out, "%1c%28s%1c%18s%1c%28s%1c%12c%19c%7c%10c\r\n", '|', underscores(28), '|', underscores(18), '|', underscores(28),
+          '|', '|', '|', '|', '|');
   fprintf(out, "%1c%7s%1c%6s%4c%8s%3c%11s%1c%6s%1c", '|', "Br/TrId", '|', "Qty", '|', "Rate", '|', "ScripId", '|', "ScrpCd",
           '|');
   fprintf(out, "%7s%1c%6s%4c%8s%3c%12c%19c%7c%10c\r\n", "Br/TrId", '|', "Qty", '|', "Rate", '|', '|', '|', '|', '|');
@@ -112,9 +113,8 @@ static void printRule132(FILE* out) {
 
 static void printTrade132(FILE* out, const struct Trade132* t) {
   if (t->side == 'B') {
-    fprintf(out,
-            "%1c%4ld%1c%2ld%1c%9ld%1c%8.2f%1c%11s%1c%6ld%1c%7s%1c%9s%1c%10s%1c%11s%1c%11lld%1c%1c%6ld%1c%9s%1c%-6s%1c\r\n", '|',
-            (long)t->brokerId, '/', (long)t->traderId, '|', (long)t->qty, '|', t->rate / 100.0, '|', t->scripId, '|',
+    fprintf(out, "%1c%4ld%1c%2ld%1c%9ld%1c%8.2f%1c%11s%1c%6ld%1c%7s%1c%9s%1c%10s%1c%11s%1c%11lld%1c%1c%6ld%1c%9s%1c%-6s%1c\r\n",
+            '|', (long)t->brokerId, '/', (long)t->traderId, '|', (long)t->qty, '|', t->rate / 100.0, '|', t->scripId, '|',
             (long)t->scripCode, '|', "", '|', "", '|', "", '|', t->clientId, '|', (long long)t->trnId, t->tradeType, '|',
             (long)t->trdId, '|', t->time, '|', t->cliTyp, '|');
   } else if (t->side == 'S') {
@@ -141,8 +141,8 @@ static void printTrade144(FILE* out, const struct Trade144* t) {
   char orderTime[9];
   memcpy(orderTime, t->orderTimeStamp + 11, 8);
   orderTime[8] = 0;
-  fprintf(out, "%1c%7s%1c%9s%1c%10s%1c%11s%1c%6s%1c%7s%1c%9s%1c%10s%1c%11s%1c%18s%1c%6s%1c%9s%1c\r\n", '|', underscores(7),
-          '|', underscores(9), '|', underscores(10), '|', underscores(11), '|', underscores(6), '|', underscores(7), '|',
+  fprintf(out, "%1c%7s%1c%9s%1c%10s%1c%11s%1c%6s%1c%7s%1c%9s%1c%10s%1c%11s%1c%18s%1c%6s%1c%9s%1c\r\n", '|', underscores(7), '|',
+          underscores(9), '|', underscores(10), '|', underscores(11), '|', underscores(6), '|', underscores(7), '|',
           underscores(9), '|', underscores(10), '|', underscores(11), '|', underscores(18), '|', underscores(6), '|',
           underscores(9), '|');
   fprintf(out, "%1c%17s%1c%22s%1c%83s%1c\r\n", '|', orderTime, '|', t->cliTyp, '|', "", '|');
@@ -150,9 +150,7 @@ static void printTrade144(FILE* out, const struct Trade144* t) {
 }
 
 // The rules' last cells are as many underscores as told, and a bar behind them.
-static void printPageEndRule144(FILE* out) {
-  fprintf(out, "%1c%17s%1c%106s\r\n", '|', underscores(17), '|', rule107 + 1);
-}
+static void printPageEndRule144(FILE* out) { fprintf(out, "%1c%17s%1c%106s\r\n", '|', underscores(17), '|', rule107 + 1); }
 
 static void printClosingRule144(FILE* out) { fprintf(out, "%1c%17s%1c%99s\r\n", '|', underscores(17), '|', rule107); }
 

@@ -362,7 +362,8 @@ template <class T>
     if (text.empty()) return std::string_view("");
     // By memchr itself, which the compiler works out for a text that it knows, such as a rule's underscores.
     const void* nul = std::memchr(text.data(), 0, text.size());
-    return std::string_view(text.data(), nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - text.data()) : text.size());
+    return std::string_view(text.data(),
+                            nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - text.data()) : text.size());
   } else {
     return (value);
   }
