@@ -1,14 +1,14 @@
 // What the machine allows at best: the input is read into memory, and a file of the report's size is written from memory in
-// pieces of 1 MiB. Nothing is sorted or formatted.
-// Usage: limit INPUT OUTPUT BYTES
+// equal pieces. Nothing is sorted or formatted.
+// Usage: limit INPUT OUTPUT BYTES PIECE
 #include <fcntl.h>
+#include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-enum { pieceSize = 1 << 20 };
 
 static int fail(const char* what) {
   perror(what);
@@ -16,8 +16,8 @@ static int fail(const char* what) {
 }
 
 int main(int argc, char** argv) {
-  if (argc != 4) {
-    fputs("usage: limit INPUT OUTPUT BYTES\n", stderr);
+  if (argc != 5) {
+    fputs("usage: limit INPUT OUTPUT BYTES PIECE\n", stderr);
     return 2;
   }
   const int in = open(argv[1], O_RDONLY);
@@ -26,6 +26,9 @@ int main(int argc, char** argv) {
   const size_t size = (size_t)status.st_size;
   char* records = malloc(size);
   if (!records) return fail("memory");
+  // Large pages, as Quillon asks for too: whole pages inside the block.
+  const uintptr_t page = 4096, first = ((uintptr_t)records + page - 1) / page * page;
+  if (size > page) madvise((void*)first, (size - page) / page * page, MADV_HUGEPAGE);
   for (size_t done = 0; done < size;) {
     const ssize_t got = read(in, records + done, size - done);
     if (got <= 0) return fail(argv[1]);
@@ -33,6 +36,7 @@ int main(int argc, char** argv) {
   }
   close(in);
 
+  const size_t pieceSize = strtoull(argv[4], NULL, 10);
   char* piece = malloc(pieceSize);
   if (!piece) return fail("memory");
   memset(piece, ' ', pieceSize);
