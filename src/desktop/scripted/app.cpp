@@ -52,6 +52,7 @@ bool appCreateWindow(const AppWindow&, const AppHandler& handler) {
 void appBuildToolbar(std::span<const ToolButton> buttons) {
   state.toolbar.clear();
   for (const ToolButton& button : buttons) state.toolbar.push_back({button, false});
+  appNotify();  // as on Windows, where a toolbar tells of its tooltips before its making has come to an end
 }
 
 void appSetToolChecked(int tool, bool checked) {

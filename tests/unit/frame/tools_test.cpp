@@ -178,6 +178,27 @@ TEST(MainWindow, otherNotificationFillsInTheClientTypesAgain) {
   onPress = {};
 }
 
+TEST(MainWindow, toolbarThatTellsOfItsOwnMakingIsBuiltOnce) {
+  static int told;
+  told = 0;
+  static constexpr ToolButton one[] = {{1, 1, "", "ONE"}};
+  static constexpr AppHandler handler = {
+      .created = [] { appBuildToolbar(one); },
+      .command = [](int) {},
+      .tooltip = [](int) -> const char* { return nullptr; },
+      .notified = [] { ++told; },
+      .destroyed = [] {},
+      .openForms = [] { return std::span<const FormHandle>(); },
+  };
+  scriptRun("quit\n", [] {
+    appRegisterClass({});
+    appCreateWindow({}, handler);
+    return 0;
+  });
+  EXPECT_EQ(told, 1) << "the desktop tells of it while it builds";
+  EXPECT_EQ(linesOf("tool PRNTRPT\ntool PRNTRPT\nquit\n").size(), 5u) << "and the frame does not build another";
+}
+
 TEST(ReportForms, everyFormOfTheProgramBelongsToATool) {
   for (const FormEntry& entry : reportForms()) {
     bool found = false;
