@@ -1,6 +1,5 @@
 #include "market/touchline_file.h"
 
-#include <cstring>
 #include <string>
 
 #include "text/scan.h"
@@ -66,11 +65,13 @@ TouchlineCount countKestoTouchlines(Input& input) {
   return count;
 }
 
-// The piece without its line end, which is part of no token, up to its first NUL.
-static std::string_view lineOf(const char* piece) { return {piece, std::strcspn(piece, "\n")}; }
+// The piece without its line end, which is part of no field: a blank line is a record of zeros.
+static std::string_view lineOf(const Pieces& pieces) {
+  return {pieces.text, endsLine(pieces) ? pieces.length - 1 : pieces.length};
+}
 
-static void readHeader(const char* piece, TouchlineHeader& header) {
-  Tokens tokens = {lineOf(piece)};
+static void readHeader(const Pieces& pieces, TouchlineHeader& header) {
+  Tokens tokens = {lineOf(pieces)};
   fieldSet(header.date, tokenNext(tokens, "|"));
   fieldSet(header.second, tokenNext(tokens, "|"));
   fieldSet(header.third, tokenNext(tokens, "|"));
@@ -89,14 +90,14 @@ bool readNormalTouchlines(Input& input, TouchlineHeader& header, NormalTouchline
   header = {};
   Pieces pieces = {.input = input, .limit = normalReadLimit};
   PieceResult result = nextPiece(pieces);
-  if (result == PieceResult::piece) readHeader(pieces.text, header);
+  if (result == PieceResult::piece) readHeader(pieces, header);
   rewriteTouchlineDate(header.date);
 
   for (std::size_t i = 0; i < count && (result = nextPiece(pieces)) != PieceResult::end; ++i) {
     if (result == PieceResult::lost) continue;
     NormalTouchline& r = records[i];
     // clang-format off
-    scan<"%[^|]|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|">(pieces.text,
+    scan<"%[^|]|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|">(lineOf(pieces),
         r.scripId, r.scripCode, r.rate1, r.rate2, r.open, r.high, r.low, r.lastTraded, r.volume);
     // clang-format on
   }
@@ -125,7 +126,7 @@ bool readKestoTouchlines(Input& input, TouchlineHeader& header, KestoTouchline* 
   header = {};
   Pieces pieces = {.input = input, .limit = kestoReadLimit};
   PieceResult result = nextPiece(pieces);
-  if (result == PieceResult::piece) readHeader(pieces.text, header);
+  if (result == PieceResult::piece) readHeader(pieces, header);
   bool insideLine = result == PieceResult::piece && !endsLine(pieces);
 
   std::size_t i = 0;
@@ -142,7 +143,7 @@ bool readKestoTouchlines(Input& input, TouchlineHeader& header, KestoTouchline* 
       --passOver;
       continue;
     }
-    splitKestoLine(lineOf(pieces.text), records[i]);
+    splitKestoLine(lineOf(pieces), records[i]);
     ++i;
   }
   return !pieces.failed;

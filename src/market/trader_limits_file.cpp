@@ -19,6 +19,9 @@ static LimitLineResult readPiece(Input& input, char* text, std::size_t limit) {
   return length == 0 ? LimitLineResult::end : LimitLineResult::lost;
 }
 
+// The piece without its line end, which is part of no field, up to its first NUL.
+static std::string_view lineOf(const char* piece) { return {piece, std::strcspn(piece, "\n")}; }
+
 LimitsLayout limitsLayout(const TraderLimitsHeader& header, bool kesto) {
   const std::string_view title = header.title.view();
   if (title == "Scripwise Limits") return kesto ? LimitsLayout::kestoScripwise : LimitsLayout::normalScripwise;
@@ -31,7 +34,7 @@ bool readTraderLimitsHeader(Input& input, TraderLimitsHeader& header) {
   header = {};
   char text[headerLimit];
   if (!inputReadPiece(input, text, headerLimit)) return false;
-  scan<"%[^|]|%ld|%[^|]|%ld|">(text, header.title, header.brokerId, header.date, header.traderId);
+  scan<"%[^|]|%ld|%[^|]|%ld|">(lineOf(text), header.title, header.brokerId, header.date, header.traderId);
   return true;
 }
 
@@ -39,7 +42,7 @@ LimitLineResult readLimitLine(Input& input, std::size_t limit, LimitLine& line) 
   line.count = 0;
   const LimitLineResult result = readPiece(input, line.text, limit);
   if (result != LimitLineResult::line) return result;
-  const std::string_view text(line.text, std::strcspn(line.text, "\n"));  // the line end is part of no token
+  const std::string_view text = lineOf(line.text);
   if (text.empty()) return LimitLineResult::end;
   Tokens tokens = {text};
   for (; line.count < limitLineTokens; ++line.count) {
@@ -70,7 +73,7 @@ bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t 
     }
     KestoTraderLimit& r = records[i];
     std::int32_t flags = 0;
-    scan<"%ld|%[^|]|%ld|%ld|%ld|">(text, r.traderNo, r.traderName, flags, r.grossLendLimit, r.grossBorrowLimit);
+    scan<"%ld|%[^|]|%ld|%ld|%ld|">(lineOf(text), r.traderNo, r.traderName, flags, r.grossLendLimit, r.grossBorrowLimit);
     r.controlFlags = static_cast<std::uint32_t>(flags);
   }
   return whole && !inputPieceFailed(input);
@@ -88,7 +91,7 @@ bool readKestoScripLimits(Input& input, KestoScripLimit* records, std::size_t co
       continue;
     }
     KestoScripLimit& r = records[i];
-    scan<"%F[^|]|%Fld|%Fld|%Fld|">(text, r.scripId, r.scripCode, r.lendLimit, r.borrowLimit);
+    scan<"%F[^|]|%Fld|%Fld|%Fld|">(lineOf(text), r.scripId, r.scripCode, r.lendLimit, r.borrowLimit);
   }
   return whole && !inputPieceFailed(input);
 }

@@ -114,7 +114,7 @@ TEST(TouchlineFile, theScanStopsAtTheFirstFieldThatFails) {
   };
   const Case cases[] = {
       {"A|1|2|x|4|5|6|7|8|\n", "A", 1, 2, 0},   {"A|1||3|4|5|6|7|8|\n", "A", 1, 0, 0}, {"A|1 |2|3|4|5|6|7|8|\n", "A", 1, 0, 0},
-      {"A|  1|2|3|4|5|6|7|8|\n", "A", 1, 2, 3}, {"|1|2|3|4|5|6|7|8|\n", "", 0, 0, 0},  {"A\n", "A\n", 0, 0, 0},
+      {"A|  1|2|3|4|5|6|7|8|\n", "A", 1, 2, 3}, {"|1|2|3|4|5|6|7|8|\n", "", 0, 0, 0},  {"A\n", "A", 0, 0, 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.line);
@@ -126,6 +126,14 @@ TEST(TouchlineFile, theScanStopsAtTheFirstFieldThatFails) {
     EXPECT_EQ(file.records[0].rate2, c.rate2);
     EXPECT_EQ(file.records[0].open, c.rate2 == 0 ? 0 : 4);
   }
+}
+
+TEST(TouchlineFile, aBlankLineIsARecordOfZeros) {
+  const NormalFile normal = readNormal(normalHeader + "A|1|2|3|4|5|6|7|8|\n\r\n");
+  ASSERT_EQ(normal.records.size(), 2u);
+  EXPECT_EQ(normal.records[1].scripId.view(), "");  // no line end in it, which would break its row in two
+  EXPECT_EQ(normal.records[1].scripCode, 0);
+  EXPECT_EQ(idsOf(readKesto(kestoHeader + "A|1|\n\nB|2|\n").records), (std::vector<std::string>{"A", "", "B"}));
 }
 
 TEST(TouchlineFile, aScripIdLongerThanItsFieldIsCutToElevenCharacters) {

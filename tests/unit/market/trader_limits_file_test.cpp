@@ -36,6 +36,22 @@ TEST(TraderLimitsFile, fieldsThatTheFirstLineLacksAreZero) {
   EXPECT_EQ(header.traderId, 0);
 }
 
+TEST(TraderLimitsFile, theLineEndIsPartOfNoField) {
+  const TextFile first("Binary Limits|123|01/01/2009\r\n");
+  TraderLimitsHeader header;
+  ASSERT_TRUE(readTraderLimitsHeader(first.open(), header));
+  EXPECT_EQ(header.date.view(), "01/01/2009");
+  const TextFile traders("Binary Limits|123|01/01/2009|7|\n1|ANAND\n");
+  std::vector<KestoTraderLimit> trader(1);
+  EXPECT_TRUE(readKestoTraderLimits(traders.open(), trader.data(), 1));
+  EXPECT_EQ(trader[0].traderName.view(), "ANAND");
+  const TextFile scrips("Scripwise Limits|123|01/01/2009|7|\n\nALFA\n");
+  std::vector<KestoScripLimit> scrip(2);
+  EXPECT_TRUE(readKestoScripLimits(scrips.open(), scrip.data(), 2));
+  EXPECT_EQ(scrip[0].scripId.view(), "");
+  EXPECT_EQ(scrip[1].scripId.view(), "ALFA");
+}
+
 TEST(TraderLimitsFile, fail_emptyFileHasNoFirstLine) {
   const TextFile file("");
   TraderLimitsHeader header;
