@@ -72,8 +72,9 @@ bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t 
       continue;
     }
     KestoTraderLimit& r = records[i];
-    std::int32_t flags = 0;
-    scan<"%ld|%[^|]|%ld|%ld|%ld|">(lineOf(text), r.traderNo, r.traderName, flags, r.grossLendLimit, r.grossBorrowLimit);
+    // The flags are bits: a word that is written without a sign, from 2147483648 on, is the same 32 bits.
+    std::int64_t flags = 0;
+    scan<"%ld|%[^|]|%I64d|%ld|%ld|">(lineOf(text), r.traderNo, r.traderName, flags, r.grossLendLimit, r.grossBorrowLimit);
     r.controlFlags = static_cast<std::uint32_t>(flags);
   }
   return whole && !inputPieceFailed(input);

@@ -52,6 +52,30 @@ TEST(TraderLimitsFile, theLineEndIsPartOfNoField) {
   EXPECT_EQ(scrip[1].scripId.view(), "ALFA");
 }
 
+TEST(TraderLimitsFile, controlFlagsAreTheSame32BitsWithASignAndWithout) {
+  struct Case {
+    const char* flags;
+    std::uint32_t bits;
+  };
+  const Case cases[] = {
+      {"0", 0},
+      {"536838143", 0x1FFF7FFF},
+      {"2147483647", 0x7FFFFFFF},
+      {"2147483648", 0x80000000},
+      {"-2147483648", 0x80000000},
+      {"3758096384", 0xE0000000},
+      {"-536870912", 0xE0000000},
+      {"4294967295", 0xFFFFFFFF},
+  };
+  for (const Case& c : cases) {
+    const TextFile file("Binary Limits|1|d|2|\n1|A|" + std::string(c.flags) + "|3|4|\n");
+    std::vector<KestoTraderLimit> records(1);
+    EXPECT_TRUE(readKestoTraderLimits(file.open(), records.data(), 1));
+    EXPECT_EQ(records[0].controlFlags, c.bits) << c.flags;
+    EXPECT_EQ(records[0].grossBorrowLimit, 4);
+  }
+}
+
 TEST(TraderLimitsFile, fail_emptyFileHasNoFirstLine) {
   const TextFile file("");
   TraderLimitsHeader header;
