@@ -34,3 +34,13 @@ commands = ROOT / "fuzz" / "corpus" / "commands"
 commands.mkdir(parents=True, exist_ok=True)
 for script in sorted((ROOT / "tests" / "scripts").glob("*/*/script")):
     (commands / f"{script.parent.parent.name}.{script.parent.name}").write_bytes(script.read_bytes()[:KEPT])
+
+lines = ROOT / "fuzz" / "corpus" / "scan"
+lines.mkdir(parents=True, exist_ok=True)
+for sample in sorted(p for pattern in FORMS["touchlines"] + FORMS["trader_limits"] for p in SAMPLES.glob(pattern)):
+    for number, line in enumerate(sample.read_bytes().splitlines()[:3]):
+        (lines / f"{sample.name}.{number}").write_bytes(line)
+values = ROOT / "fuzz" / "corpus" / "print"
+values.mkdir(parents=True, exist_ok=True)
+for number, text in enumerate([bytes(13), b"AMBARTEX" + bytes([0x40, 0x59, 0, 0, 0, 0, 0, 0, 0, 0x7B, 0, 0, 0]), bytes([255]) * 24]):
+    (values / str(number)).write_bytes(text)
