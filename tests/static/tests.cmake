@@ -1,4 +1,4 @@
 # What is checked by reading the sources.
 add_test(NAME static.lint COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/lint.py)
 add_test(NAME static.checks COMMAND ${PROJECT_SOURCE_DIR}/tools/static_checks ${CMAKE_BINARY_DIR})
-set_tests_properties(static.checks PROPERTIES TIMEOUT 900)
+set_tests_properties(static.lint static.checks PROPERTIES LABELS static TIMEOUT 900)
