@@ -86,5 +86,36 @@ TEST_F(BrokenFiles, headersOfExtremeNumbersAreToldOrReported) {
   }
 }
 
+// A file of forty million records, of which the file system holds the header alone.
+void makeHugeFile(const FormRun& run) {
+  writeFile(run.sample, sampleBytes(run).substr(0, headerSize));
+  std::filesystem::resize_file(run.sample, headerSize + std::uintmax_t{132} * 40'000'000);
+}
+
+const FormRun& runNamed(const std::string& start) {
+  for (const FormRun& run : allRuns()) {
+    if (run.name.starts_with(start)) return run;
+  }
+  std::abort();
+}
+
+TEST_F(BrokenFiles, beyondFourGigabytesAreCountedInFull) {
+  const FormRun& run = runNamed("broker query of 132 bytes");
+  makeHugeFile(run);
+  const Outcome outcome = runProgram("answer no\n" + commandsOf(run, "OUT.TXT"));
+  EXPECT_NE(outcome.transcript.find("Records in the File=40000000"), std::string::npos) << outcome.transcript;
+}
+
+TEST_F(BrokenFiles, tooLargeForTheMemoryAreToldSo) {
+  for (const char* name : {"trades of 132 bytes", "net position by client", "broker query of 132 bytes"}) {
+    const FormRun& run = runNamed(name);
+    makeHugeFile(run);
+    const Outcome outcome = runProgram(commandsOf(run, "OUT.TXT"), Fault::memory, 1);
+    EXPECT_NE(outcome.transcript.find("Memory Allocation Failure"), std::string::npos) << outcome.transcript;
+    EXPECT_EQ(outcome.blocksHeld, 0u);
+    EXPECT_EQ(outcome.streamsOpen, 0u);
+  }
+}
+
 }  // namespace
 }  // namespace quillon::test
