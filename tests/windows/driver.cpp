@@ -738,7 +738,19 @@ void hover(const std::wstring& form) {
   waitFor("the tooltip before to go", commandDeadline, [] { return !shownTooltip(); });
   ClientToScreen(driver.toolbar, &middle);
   SetCursorPos(middle.x, middle.y);
-  waitFor("a tooltip", commandDeadline, [] { return shownTooltip() != nullptr; });
+  // On a busy machine a move may be missed, or a tooltip may go again before it is seen: the pointer leaves and enters anew.
+  constexpr ULONGLONG stay = 3'000;
+  ULONGLONG next = GetTickCount64() + stay;
+  bool inside = true;
+  waitFor("a tooltip", commandDeadline, [&] {
+    if (shownTooltip()) return true;
+    if (GetTickCount64() >= next) {
+      inside = !inside;
+      inside ? SetCursorPos(middle.x, middle.y) : SetCursorPos(bar.left + 300, bar.bottom + 300);
+      next = GetTickCount64() + stay;
+    }
+    return false;
+  });
   write("{\"tooltip\":" + json(textOf(shownTooltip())) + "}");
 }
 
