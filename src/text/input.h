@@ -20,7 +20,12 @@ enum class InputKind {
 // Null when it cannot be opened.
 Input* inputOpen(const std::string& path, InputKind kind);
 void inputClose(Input* input);
-void inputCloseAll();  // every open input of the process
+void inputCloseAll();  // every open input of the process, the other forms' among them
+
+// From here on `holder` becomes null when the input that it points to is closed, by whoever: a pointer that is not null can be
+// closed. A holder lives as long as its input. It may be given another input meanwhile; the first then has no holder any more
+// and goes with inputCloseAll. A null holder is left alone.
+void inputHold(Input*& holder);
 
 [[nodiscard]] bool inputSeekEnd(Input& input);
 [[nodiscard]] bool inputSeekStart(Input& input);

@@ -294,4 +294,36 @@ TEST_F(InputTest, closeAllClosesEveryOpenInput) {
   EXPECT_NE(inputOpen(fileName, InputKind::binary), nullptr);
 }
 
+TEST_F(InputTest, holderIsNullOnceItsInputIsClosedByWhoever) {
+  Input* mine = openWith("abc", InputKind::binary);
+  Input* other = inputOpen(fileName, InputKind::text);
+  inputHold(mine);
+  inputHold(other);
+  inputClose(other);
+  EXPECT_EQ(other, nullptr);
+  ASSERT_NE(mine, nullptr);
+  inputCloseAll();
+  EXPECT_EQ(mine, nullptr);
+}
+
+TEST_F(InputTest, holderThatTookASecondInputKeepsItWhenTheFirstIsClosed) {
+  Input* holder = openWith("abc", InputKind::binary);
+  Input* const first = holder;
+  inputHold(holder);
+  holder = inputOpen(fileName, InputKind::binary);
+  Input* const second = holder;
+  inputHold(holder);
+  inputClose(first);
+  EXPECT_EQ(holder, second);
+  inputCloseAll();
+  EXPECT_EQ(holder, nullptr);
+}
+
+TEST_F(InputTest, holderOfNothingIsLeftAlone) {
+  Input* holder = inputOpen("NOWHERE.BIN", InputKind::binary);
+  inputHold(holder);
+  inputCloseAll();
+  EXPECT_EQ(holder, nullptr);
+}
+
 }  // namespace quillon
