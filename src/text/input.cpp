@@ -130,7 +130,7 @@ std::size_t take(Input& input, char* bytes, std::size_t size) {
 }  // namespace
 
 Input* inputOpen(const std::string& path, InputKind kind) {
-  FileStream* file = fileOpenInput(path);
+  FileStream* file = kind == InputKind::binaryUpdate ? fileOpenUpdate(path) : fileOpenInput(path);
   if (!file) return nullptr;
   auto* buffer = static_cast<char*>(std::malloc(bufferSize));
   auto* input =

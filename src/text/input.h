@@ -13,8 +13,9 @@ namespace quillon {
 struct Input;  // an open input file
 
 enum class InputKind {
-  binary,  // bytes as they stand
-  text,    // CR LF read as LF; a Ctrl-Z ends the file
+  binary,        // bytes as they stand
+  binaryUpdate,  // the same, of a file that could be written to as well: a read-only one is not opened
+  text,          // CR LF read as LF; a Ctrl-Z ends the file
 };
 
 // Null when it cannot be opened.
