@@ -90,8 +90,7 @@ struct BrokerFormState {
   std::string previousOutput;  // the last accepted text of the output name's edit
   Input* input;
   Output* output;
-  void* block;           // the records and a zero record behind them
-  std::uint32_t* order;  // their positions in the order of printing
+  void* block;  // the records and a zero record behind them
   int pageNumber;
 };
 static BrokerFormState state;
@@ -238,17 +237,13 @@ static bool confirm(FormHandle form, const FileFacts& facts) {
   return false;
 }
 
-static bool takeBlocks(const FileFacts& facts) {
+static bool takeBlock(const FileFacts& facts) {
   state.block = memoryTake((facts.count + 1) * brokerRecordSize(facts.layout));
-  if (!state.block) return false;
-  state.order = static_cast<std::uint32_t*>(memoryTake((facts.count + 1) * sizeof *state.order));
-  return state.order != nullptr;
+  return state.block != nullptr;
 }
 
-static void releaseBlocks() {
-  memoryFree(state.order);
+static void releaseBlock() {
   memoryFree(state.block);
-  state.order = nullptr;
   state.block = nullptr;
 }
 
@@ -265,11 +260,12 @@ static bool onShortRead() {
 
 static bool printReports(FormHandle form, const RunOptions& options, const FileFacts& facts) {
   const Records stored = {state.block, brokerRecordSize(facts.layout), facts.count};
-  const BrokerRecords records = {facts.layout, state.block, facts.count, state.order};
   const bool isLendingFile = fileSelection.isLendingFile;
 
   const BrokerSortKeys keys = brokerSortKeys(facts.layout, options.sort);
-  if (!recordOrder(stored, keys.first, keys.second, state.order)) return failMemory(form);
+  const RecordOrder order = orderOfRecords(stored, {keys.first, keys.second});
+  if (!order) return failMemory(form);
+  const BrokerRecords records = {facts.layout, state.block, facts.count, order.memory.get()};
   const BrokerArrangement arrangement =
       chooseBrokerArrangement(facts.layout, {facts.shortColumns, preCutoverFlag(DateRuleSlot::brokerQuery), isLendingFile});
   BrokerPage page = {facts.header, isLendingFile, state.pageNumber};
@@ -281,7 +277,7 @@ static bool printReports(FormHandle form, const RunOptions& options, const FileF
   showReply(form, IDC_BRKQRY_REPLY, replyNetPosition);
   if (options.sort != BrokerSort::scripId) {
     const RecordKey scripId = brokerSortKeys(facts.layout, BrokerSort::scripId).first;
-    if (!recordOrder(stored, scripId, {KeyKind::none, 0, 0}, state.order)) return failMemory(form);
+    if (!recordOrder(stored, {scripId}, order.memory.get())) return failMemory(form);
   }
   printBrokerNetPosition(*state.output, records, facts.header, isLendingFile);
   showReply(form, IDC_BRKQRY_REPLY, replyBothPrinted);
@@ -293,7 +289,7 @@ static bool printFile(FormHandle form, const RunOptions& options) {
   FileFacts facts = {};
   if (!readFacts(form, facts)) return false;
   if (!confirm(form, facts)) return false;
-  if (!takeBlocks(facts)) return failMemory(form);
+  if (!takeBlock(facts)) return failMemory(form);
   (void)readBrokerRecords(*state.input, facts.layout, state.block, facts.count, onShortRead);  // nothing ends this load
   return printReports(form, options, facts);
 }
@@ -308,7 +304,7 @@ static void runPrint(FormHandle form) {
     written = closeAllStreams();
   }
   enableControls(form);
-  releaseBlocks();
+  releaseBlock();
   if (complete) showEndOfRun(form, IDC_BRKQRY_REPLY, completeTitle, completeText, written);
   resetForm(form);
 }

@@ -98,7 +98,7 @@ static struct {
   unsigned linesPerPage;
   Input* input;    // given back by closeAllStreams
   Output* output;  // likewise
-  void* block;     // the records, then their order; freed at the end of the run
+  void* block;     // the records; freed at the end of the run
   bool probeLost;  // the output that only proved that it can be written could not be closed
 } state;
 
@@ -184,9 +184,9 @@ static bool requireScrips(FormHandle form, const TouchlineCount& counted) {
   return true;
 }
 
-// One block: the records with a zero one behind them, then their order.
+// One block: the records with a zero one behind them.
 static bool takeBlock(FormHandle form, const KindTexts& texts, std::size_t recordSize, std::size_t count) {
-  state.block = memoryTake((count + 1) * recordSize + count * sizeof(std::uint32_t));
+  state.block = memoryTake((count + 1) * recordSize);
   if (state.block) return true;
   fail(form, memoryTitle, texts.noMemory, BoxIcon::error);
   return false;
@@ -196,13 +196,12 @@ static void rewindInput(FormHandle form) {
   if (!inputRewind(*state.input)) fail(form, boxTitle, rewindFailedText, BoxIcon::error);
 }
 
-static bool sortRecords(FormHandle form, const KindTexts& texts, const Records& records, std::size_t codeOffset,
-                        std::uint32_t* order) {
+static RecordOrder sortRecords(FormHandle form, const KindTexts& texts, const Records& records, std::size_t codeOffset) {
   const RecordKey byCode = {KeyKind::number, codeOffset, 4};
   const RecordKey byId = {KeyKind::text, 0, 12};
-  if (recordOrder(records, state.byScripCode ? byCode : byId, {KeyKind::none, 0, 0}, order)) return true;
-  fail(form, memoryTitle, texts.noMemory, BoxIcon::error);
-  return false;
+  RecordOrder order = orderOfRecords(records, {state.byScripCode ? byCode : byId});
+  if (!order) fail(form, memoryTitle, texts.noMemory, BoxIcon::error);
+  return order;
 }
 
 // Opens the output a second time, for the report itself.
@@ -223,15 +222,15 @@ static bool printNormal(FormHandle form) {
   const std::size_t count = counted.pieces - 1;
   if (!takeBlock(form, normalTexts, sizeof(NormalTouchline), count)) return false;
   auto* const records = static_cast<NormalTouchline*>(state.block);
-  auto* const order = static_cast<std::uint32_t*>(static_cast<void*>(records + count + 1));
 
   rewindInput(form);
   TouchlineHeader header;
   if (!readNormalTouchlines(*state.input, header, records, count)) fail(form, boxTitle, readFailedText, BoxIcon::error);
   const Records sorted = {records, sizeof(NormalTouchline), count};
-  if (!sortRecords(form, normalTexts, sorted, offsetof(NormalTouchline, scripCode), order)) return false;
+  const RecordOrder order = sortRecords(form, normalTexts, sorted, offsetof(NormalTouchline, scripCode));
+  if (!order) return false;
   if (!openWriter(form, normalTexts)) return false;
-  writeNormalTouchlines(*state.output, header, records, {order, count}, reportOptions());
+  writeNormalTouchlines(*state.output, header, records, order.positions(), reportOptions());
   return true;
 }
 
@@ -242,7 +241,6 @@ static bool printKesto(FormHandle form) {
   const std::size_t count = counted.pieces - 1;
   if (!takeBlock(form, kestoTexts, sizeof(KestoTouchline), count)) return false;
   auto* const records = static_cast<KestoTouchline*>(state.block);
-  auto* const order = static_cast<std::uint32_t*>(static_cast<void*>(records + count + 1));
 
   rewindInput(form);
   TouchlineHeader header;
@@ -250,9 +248,10 @@ static bool printKesto(FormHandle form) {
     fail(form, boxTitle, readFailedText, BoxIcon::error);
   }
   const Records sorted = {records, sizeof(KestoTouchline), count};
-  if (!sortRecords(form, kestoTexts, sorted, offsetof(KestoTouchline, scripCode), order)) return false;
+  const RecordOrder order = sortRecords(form, kestoTexts, sorted, offsetof(KestoTouchline, scripCode));
+  if (!order) return false;
   if (!openWriter(form, kestoTexts)) return false;
-  writeKestoTouchlines(*state.output, header, records, {order, count}, reportOptions());
+  writeKestoTouchlines(*state.output, header, records, order.positions(), reportOptions());
   return true;
 }
 

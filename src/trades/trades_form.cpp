@@ -3,8 +3,6 @@
 // its own and is printed without being confirmed.
 #include "trades/trades_form.h"
 
-#include <memory>
-#include <new>
 #include <string>
 
 #include "desktop/boxes.h"
@@ -381,11 +379,7 @@ static void onPrint(FormHandle form) {
 
   // The zero record behind the last one ends the comparisons with the next record's scrip.
   void* const block = memoryTake((count + 1) * tradeRecordSize(layout));
-  const std::unique_ptr<std::uint32_t[]> positions(block ? new (std::nothrow) std::uint32_t[count] : nullptr);
-  if (!positions) {
-    memoryFree(block);
-    return failRun(form, memoryTitle, noMemory, BoxIcon::error);
-  }
+  if (!block) return failRun(form, memoryTitle, noMemory, BoxIcon::error);
   readingForm = form;
   (void)readTrades(*state.input, layout, block, count, tellReadFailed);
 
@@ -416,16 +410,16 @@ static void onPrint(FormHandle form) {
 
   const Keys keys = keysOf(layout);
   const Records records = {block, tradeRecordSize(layout), count};
-  const TradeOrder order(positions.get(), count);
   const KeyPair pair = kesto ? kestoKeys(options.sortBy, keys) : normalKeys(options.sortBy, keys);
-  bool sorted = recordOrder(records, pair.first, pair.second, positions.get());
+  const RecordOrder order = orderOfRecords(records, {pair.first, pair.second});
+  bool sorted = static_cast<bool>(order);
   if (sorted) {
-    printList(*state.output, report, layout, block, order);
+    printList(*state.output, report, layout, block, order.positions());
     showReply(form, IDC_TRADES_REPLY, kesto ? kestoPrinted : normalPrinted);
     if (options.netPosition) {
-      if (options.sortBy != SortBy::scripId) sorted = recordOrder(records, keys.scripId, noKey, positions.get());
+      if (options.sortBy != SortBy::scripId) sorted = recordOrder(records, {keys.scripId}, order.memory.get());
       if (sorted) {
-        printNetPosition(*state.output, report, layout, block, order);
+        printNetPosition(*state.output, report, layout, block, order.positions());
         showReply(form, IDC_TRADES_REPLY, kesto ? kestoWithNetPos : normalWithNetPos);
       }
     }
