@@ -49,9 +49,9 @@ enum class LoadVariant {
   auctionRejectedEntitlements,
 };
 
-// Shows the open-file dialog for a request code. With a file chosen, `path` becomes its full path and fileSelection is set
-// from its name; on Cancel, and when the masks cannot be loaded, `path` stays as it was. `owner` is the asking form; some
-// codes belong to the main window whoever asks.
+// Shows the open-file dialog for a request code, beginning with the file that `path` names where it names one. With a file
+// chosen, `path` becomes its full path and fileSelection is set from its name; on Cancel, and when the masks cannot be loaded,
+// `path` stays as it was. `owner` is the asking form; some codes belong to the main window whoever asks.
 void loadFile(int request, LoadVariant variant, FormHandle owner, std::string& path);
 
 // The flags that a file's name gives, on top of what stands in fileSelection; loadFile calls it.
