@@ -12,7 +12,9 @@ struct FileSelection {
   bool fileChosen;            // it ended with a file, not with Cancel
   bool isLendingFile;         // the file belongs to the lending market
   bool isLendingAuctionFile;  // read by the auction reports alone
-  std::string fileTitle;      // the file's name without its folder; the form blanks it once its title shows it
+  // The file's name without its folder, UTF-8 as a form's title is; edits, boxes and formats take bytesFromUtf8 of it. The form
+  // blanks it once its title shows it.
+  std::string fileTitle;
 };
 extern FileSelection fileSelection;
 

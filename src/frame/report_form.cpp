@@ -6,6 +6,7 @@
 
 #include "desktop/files.h"
 #include "desktop/strings.h"
+#include "text/letters.h"
 
 namespace quillon {
 
@@ -13,8 +14,6 @@ static constexpr std::size_t editTextLimit = 300;
 static constexpr int stringInputRequired = 2036;
 
 static bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-static char upperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 void showReply(FormHandle form, int reply, std::string_view text) {
   formSetText(form, reply, "");
@@ -76,7 +75,7 @@ void checkRadio(FormHandle form, std::span<const int> group, int checked) {
 }
 
 bool outputNameIsValid(std::string& name) {
-  std::transform(name.begin(), name.end(), name.begin(), upperCase);
+  name = upperCased(name);
   return name.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890.") == std::string::npos;
 }
 
@@ -112,9 +111,7 @@ bool refuseInputAsOutput(FormHandle form, const StreamTexts& texts, const std::s
   return true;
 }
 
-static bool isPrinter(const std::string& name) {
-  return name.size() == 3 && upperCase(name[0]) == 'P' && upperCase(name[1]) == 'R' && upperCase(name[2]) == 'N';
-}
+static bool isPrinter(const std::string& name) { return upperCased(name) == "PRN"; }
 
 Output* openOutputStream(FormHandle form, const StreamTexts& texts, const std::string& name) {
   Output* output = outputOpen(name);

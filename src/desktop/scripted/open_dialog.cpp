@@ -4,8 +4,8 @@
 #include <deque>
 #include <utility>
 
-#include "desktop/scripted/encoding.h"
 #include "desktop/scripted/forms.h"
+#include "desktop/scripted/json.h"
 #include "desktop/scripted/paths.h"
 #include "desktop/scripted/transcript.h"
 
