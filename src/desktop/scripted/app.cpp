@@ -81,7 +81,7 @@ void appEnd(int status) {
   transcriptMute(true);
 }
 
-void appBeep(int kind) { transcriptWrite("{\"beep\":" + std::to_string(kind) + "}"); }
+void appBeep(int times) { transcriptWrite("{\"beep\":" + std::to_string(times) + "}"); }
 
 void appWriteStdout(std::string_view text) { transcriptWrite("{\"stdout\":" + jsonOfBytes(text) + "}"); }
 

@@ -208,6 +208,13 @@ static bool carryOutType(Argument argument) { return carryOutWithText(argument, 
 
 static bool carryOutPick(Argument argument) { return carryOutWithText(argument, formsPick); }
 
+static bool carryOutEnter(Argument argument) {
+  if (argument) return false;
+  writeCommand();
+  writeRefusal(formsEnter());
+  return true;
+}
+
 static bool carryOutClose(Argument argument) {
   if (argument) return false;
   writeCommand();
@@ -233,8 +240,8 @@ static constexpr Command commands[] = {
     {"clock", true, carryOutClock},   {"printer", true, carryOutPrinter}, {"choose", true, carryOutChoose},
     {"answer", true, carryOutAnswer}, {"fail", true, carryOutFail},       {"tool", false, carryOutTool},
     {"key", false, carryOutKey},      {"form", false, carryOutForm},      {"press", false, carryOutPress},
-    {"type", false, carryOutType},    {"pick", false, carryOutPick},      {"close", false, carryOutClose},
-    {"show", false, carryOutShow},    {"quit", false, carryOutQuit},
+    {"type", false, carryOutType},    {"pick", false, carryOutPick},      {"enter", false, carryOutEnter},
+    {"close", false, carryOutClose},  {"show", false, carryOutShow},      {"quit", false, carryOutQuit},
 };
 
 static const Command* commandNamed(std::string_view word) {
