@@ -467,6 +467,8 @@ void formsWriteChanges() {
 
 // ---- The end -----------------------------------------------------------------------------------------------------------
 
+std::string formsTitle(FormHandle form) { return live(form) ? form->title : std::string(); }
+
 std::size_t formsOpen() { return state.forms.size(); }
 
 void formsDestroyAll() {

@@ -28,6 +28,7 @@ std::string formsShowWhole();  // writes the whole state of the current form
 // Writes what is different on every open form since it was last shown, in the order of the toolbar's tools.
 void formsWriteChanges();
 
+std::string formsTitle(FormHandle form);  // UTF-8
 std::size_t formsOpen();
 void formsDestroyAll();  // as they go with their owner, in the order in which they were made
 void formsSweep();       // gives back what destroyed forms took, once no handler can be running

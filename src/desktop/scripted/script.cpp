@@ -19,6 +19,7 @@
 #include "desktop/scripted/json.h"
 #include "desktop/scripted/memory.h"
 #include "desktop/scripted/open_dialog.h"
+#include "desktop/scripted/trace.h"
 #include "desktop/scripted/transcript.h"
 #include "text/encoding.h"
 
@@ -293,6 +294,7 @@ static void carryOutArrangements() {
 
 static void resetDesktop() {
   transcriptMute(true);
+  traceReset();
   formsReset();
   boxesReset();
   openDialogReset();
