@@ -101,11 +101,11 @@ TEST(Forms, keyThatTheProgramDoesNotHaveIsRefused) {
 
 TEST(Forms, toolWhoseFormIsNotThereShowsTheFailureAndStaysChecked) {
   EXPECT_EQ(
-      effects("tool DELV"),
+      effects("tool PRNTQUOTELOG"),
       (Lines{
           R"({"box":{"title":null,"text":"Dialog Creation Failed","icon":"error","buttons":"ok","default":"ok","answer":"ok"}})",
-          R"({"tools":{"DELV":true}})"}));
-  EXPECT_EQ(effects("tool DELV\ntool DELV").size(), 1u) << "its handle stayed zero, so it is tried again";
+          R"({"tools":{"PRNTQUOTELOG":true}})"}));
+  EXPECT_EQ(effects("tool PRNTQUOTELOG\ntool PRNTQUOTELOG").size(), 1u) << "its handle stayed zero, so it is tried again";
 }
 
 TEST(Forms, formThatCannotBeCreatedLeavesNothingBehind) {
