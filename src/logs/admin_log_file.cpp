@@ -1,0 +1,149 @@
+#include "logs/admin_log_file.h"
+
+#include <algorithm>
+#include <compare>
+#include <numeric>
+
+namespace quillon {
+
+std::int32_t adminCount(const AdminHeader& header, AdminSection section) {
+  switch (section) {
+    case AdminSection::traderLimits:
+      return header.traderLimitCount;
+    case AdminSection::scripLimits:
+      return header.scripLimitCount;
+    case AdminSection::groupLimits:
+      return header.groupLimitCount;
+    case AdminSection::activities:
+      break;
+  }
+  return header.activityCount;
+}
+
+std::int64_t adminTotal(const AdminHeader& header) {
+  std::int64_t total = 0;
+  for (const AdminSection section : adminSections) total += adminCount(header, section);
+  return total;
+}
+
+bool measureAdminLog(Input& input, std::int64_t& fileSize) {
+  if (!inputSeekEnd(input)) return false;
+  fileSize = inputTell(input);
+  return fileSize >= 0 && inputSeekStart(input);
+}
+
+// Where the section begins, from the start of the file. -1 where a count before it is below zero.
+static std::int64_t sectionOffset(const AdminHeader& header, AdminSection section) {
+  std::int64_t offset = sizeof(AdminHeader);
+  for (const AdminSection before : adminSections) {
+    if (before == section) break;
+    const std::int64_t count = adminCount(header, before);
+    if (count < 0) return -1;
+    offset += count * static_cast<std::int64_t>(adminRecordSize(before));
+  }
+  return offset;
+}
+
+std::size_t adminRecordsHeld(const AdminHeader& header, AdminSection section, std::int64_t fileSize) {
+  const std::int64_t count = adminCount(header, section), offset = sectionOffset(header, section);
+  if (count <= 0 || offset < 0 || offset >= fileSize) return 0;
+  const std::int64_t whole = (fileSize - offset) / static_cast<std::int64_t>(adminRecordSize(section));
+  return static_cast<std::size_t>(std::min(count, whole));
+}
+
+std::size_t readAdminSection(Input& input, const AdminHeader& header, AdminSection section, void* block, std::size_t count) {
+  const std::int64_t offset = sectionOffset(header, section);
+  if (offset < 0 || !inputSeekStart(input) || !inputSkip(input, offset)) return 0;
+  const std::size_t size = adminRecordSize(section);
+  std::size_t done = 0;
+  for (std::size_t left = count; left > 0;) {
+    const std::size_t read = inputReadRecords(input, static_cast<char*>(block) + done * size, size, left);
+    done += read;
+    left -= read;
+    if (left > 0) --left;  // one failed and was passed over; what follows it takes its place
+  }
+  return done;
+}
+
+namespace {
+
+struct SortKey {
+  std::int32_t trader;
+  std::int32_t time;
+
+  auto operator<=>(const SortKey&) const = default;
+};
+
+}  // namespace
+
+// Hour, minute and second written behind each other with at least two digits each, as one number.
+static std::int32_t timeNumber(std::uint8_t hour, std::uint8_t minute, std::uint8_t second) {
+  const auto behind = [](std::int32_t number, std::uint8_t digits) { return number * (digits > 99 ? 1000 : 100) + digits; };
+  return behind(behind(hour, minute), second);
+}
+
+template <class Record>
+static SortKey sortKey(const Record& record) {
+  const std::int32_t time = timeNumber(record.hour, record.minute, record.second);
+  if constexpr (requires { record.traderNo; }) {
+    return {record.traderNo, time};
+  } else {
+    return {record.traderId, time};
+  }
+}
+
+template <class Record>
+static void sortByTrader(const void* bytes, std::span<std::uint32_t> order) {
+  const Record* records = static_cast<const Record*>(bytes);
+  std::stable_sort(order.begin(), order.end(), [records](std::uint32_t one, std::uint32_t other) {
+    return sortKey(records[one]) < sortKey(records[other]);
+  });
+}
+
+void adminOrder(AdminSection section, const void* records, AdminSort sort, std::span<std::uint32_t> order) {
+  std::iota(order.begin(), order.end(), std::uint32_t{0});
+  if (sort == AdminSort::time) return;
+  switch (section) {
+    case AdminSection::traderLimits:
+      return sortByTrader<TraderLimitRec>(records, order);
+    case AdminSection::scripLimits:
+      return sortByTrader<ScripLimitRec>(records, order);
+    case AdminSection::groupLimits:
+      return sortByTrader<GroupLimitRec>(records, order);
+    case AdminSection::activities:
+      return sortByTrader<ActivityRec>(records, order);
+  }
+}
+
+char adminOpLetter(std::int16_t opCode) {
+  switch (opCode) {
+    case 9:
+      return 'A';
+    case 11:
+      return 'D';
+    case 1:
+    case 2:
+    case 10:
+    case 12:
+    case 13:
+    case 14:
+    case 15:
+      return 'U';
+    case 16:
+    case 17:
+    case 18:
+    case 19:
+    case 20:
+    case 21:
+      return 'W';
+    default:
+      return '\0';
+  }
+}
+
+std::string_view adminMessage(const TextField<48>& message) {
+  const std::string_view text = message.view();
+  return text.substr(0, text.find_first_of("\r\n"));
+}
+
+}  // namespace quillon
