@@ -1,8 +1,6 @@
 #include "logs/admin_log_file.h"
 
 #include <algorithm>
-#include <compare>
-#include <numeric>
 
 namespace quillon {
 
@@ -65,54 +63,17 @@ std::size_t readAdminSection(Input& input, const AdminHeader& header, AdminSecti
   return done;
 }
 
-namespace {
-
-struct SortKey {
-  std::int32_t trader;
-  std::int32_t time;
-
-  auto operator<=>(const SortKey&) const = default;
-};
-
-}  // namespace
-
-// Hour, minute and second written behind each other with at least two digits each, as one number.
-static std::int32_t timeNumber(std::uint8_t hour, std::uint8_t minute, std::uint8_t second) {
-  const auto behind = [](std::int32_t number, std::uint8_t digits) { return number * (digits > 99 ? 1000 : 100) + digits; };
-  return behind(behind(hour, minute), second);
+static std::size_t hourOffset(AdminSection section) {
+  constexpr std::size_t offsets[] = {offsetof(TraderLimitRec, hour), offsetof(ScripLimitRec, hour),
+                                     offsetof(GroupLimitRec, hour), offsetof(ActivityRec, hour)};
+  return offsets[static_cast<std::size_t>(section)];
 }
 
-template <class Record>
-static SortKey sortKey(const Record& record) {
-  const std::int32_t time = timeNumber(record.hour, record.minute, record.second);
-  if constexpr (requires { record.traderNo; }) {
-    return {record.traderNo, time};
-  } else {
-    return {record.traderId, time};
-  }
-}
-
-template <class Record>
-static void sortByTrader(const void* bytes, std::span<std::uint32_t> order) {
-  const Record* records = static_cast<const Record*>(bytes);
-  std::stable_sort(order.begin(), order.end(), [records](std::uint32_t one, std::uint32_t other) {
-    return sortKey(records[one]) < sortKey(records[other]);
-  });
-}
-
-void adminOrder(AdminSection section, const void* records, AdminSort sort, std::span<std::uint32_t> order) {
-  std::iota(order.begin(), order.end(), std::uint32_t{0});
-  if (sort == AdminSort::time) return;
-  switch (section) {
-    case AdminSection::traderLimits:
-      return sortByTrader<TraderLimitRec>(records, order);
-    case AdminSection::scripLimits:
-      return sortByTrader<ScripLimitRec>(records, order);
-    case AdminSection::groupLimits:
-      return sortByTrader<GroupLimitRec>(records, order);
-    case AdminSection::activities:
-      return sortByTrader<ActivityRec>(records, order);
-  }
+RecordOrder adminOrder(AdminSection section, const void* records, std::size_t count, AdminSort sort) {
+  const Records sorted = {records, adminRecordSize(section), count};
+  if (sort == AdminSort::time) return orderOfRecords(sorted, {});
+  // Every record begins with its trader.
+  return orderOfRecords(sorted, {{KeyKind::number, 0, 4}, {KeyKind::time, hourOffset(section), 3}});
 }
 
 char adminOpLetter(std::int16_t opCode) {

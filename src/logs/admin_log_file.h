@@ -9,11 +9,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <span>
 #include <string_view>
 
 #include "text/fields.h"
 #include "text/input.h"
+#include "text/record_order.h"
 
 namespace quillon {
 
@@ -192,10 +192,10 @@ std::size_t adminRecordsHeld(const AdminHeader& header, AdminSection section, st
 [[nodiscard]] std::size_t readAdminSection(Input& input, const AdminHeader& header, AdminSection section, void* block,
                                            std::size_t count);
 
-// The positions 0 to count - 1 of a section's records in the order of printing: as they stand, or by trader and then by time.
-// Records of one trader and one second keep their order in the file.
+// The order of printing of a section's records: as they stand, or by trader and then by time. Records of one trader and one
+// second keep their order in the file. False where there was no memory for it.
 enum class AdminSort { time, trader };
-void adminOrder(AdminSection section, const void* records, AdminSort sort, std::span<std::uint32_t> order);
+[[nodiscard]] RecordOrder adminOrder(AdminSection section, const void* records, std::size_t count, AdminSort sort);
 
 // The letter of what was done; a NUL for a code that has none.
 char adminOpLetter(std::int16_t opCode);

@@ -101,11 +101,12 @@ struct Options {
   std::string outputName;
 };
 
-// One section as it was read: its block holds the order of printing, then the records with a zero one behind them.
+// One section as it was read. One that was not asked for has no block.
 struct Section {
-  void* block;
-  std::size_t room;   // records that the file holds of it
+  void* block;        // the records and a zero one behind them
+  std::size_t held;   // records that the file holds of it
   std::size_t count;  // those that could be read
+  RecordOrder order;
 };
 
 struct AdminLogForm {
@@ -123,14 +124,6 @@ struct AdminLogForm {
 static AdminLogForm state;
 
 static std::size_t indexOf(AdminSection section) { return static_cast<std::size_t>(section); }
-
-static std::span<std::uint32_t> orderOf(const Section& section) {
-  return {static_cast<std::uint32_t*>(section.block), section.count};
-}
-
-static void* recordsOf(const Section& section) {
-  return static_cast<char*>(section.block) + section.room * sizeof(std::uint32_t);
-}
 
 // ---- The form between runs --------------------------------------------------------------------------------------------
 
@@ -211,7 +204,7 @@ static bool readHeader(FormHandle form) {
     return false;
   }
   for (const AdminSection section : adminSections) {
-    state.sections[indexOf(section)] = {nullptr, adminRecordsHeld(state.header, section, fileSize), 0};
+    state.sections[indexOf(section)] = {nullptr, adminRecordsHeld(state.header, section, fileSize), 0, {}};
   }
   return true;
 }
@@ -222,7 +215,7 @@ static bool takeBlocks(FormHandle form, const Options& options) {
     if (!options.sections[indexOf(section)]) continue;
     Section& taken = state.sections[indexOf(section)];
     if (adminCount(state.header, section) >= 0) {
-      taken.block = memoryTake(taken.room * sizeof(std::uint32_t) + (taken.room + 1) * adminRecordSize(section));
+      taken.block = memoryTake((taken.held + 1) * adminRecordSize(section));
     }
     if (!taken.block) return refuse(form, noMemoryTitle, noMemoryTexts[indexOf(section)]);
   }
@@ -236,7 +229,7 @@ static bool readRecords(FormHandle form, const Options& options) {
   for (const AdminSection section : adminSections) {
     if (!options.sections[indexOf(section)]) continue;
     Section& read = state.sections[indexOf(section)];
-    read.count = readAdminSection(*state.input, state.header, section, recordsOf(read), read.room);
+    read.count = readAdminSection(*state.input, state.header, section, read.block, read.held);
     if (static_cast<std::int64_t>(read.count) < adminCount(state.header, section)) isWhole = false;
   }
   if (adminTotal(state.header) == 0) {
@@ -248,11 +241,14 @@ static bool readRecords(FormHandle form, const Options& options) {
   return true;
 }
 
-static void sortRecords(const Options& options) {
+static bool sortRecords(FormHandle form, const Options& options) {
   for (const AdminSection section : adminSections) {
-    const Section& sorted = state.sections[indexOf(section)];
-    if (options.sections[indexOf(section)]) adminOrder(section, recordsOf(sorted), options.sort, orderOf(sorted));
+    if (!options.sections[indexOf(section)]) continue;
+    Section& sorted = state.sections[indexOf(section)];
+    sorted.order = adminOrder(section, sorted.block, sorted.count, options.sort);
+    if (!sorted.order) return refuse(form, noMemoryTitle, noMemoryTexts[indexOf(section)]);
   }
+  return true;
 }
 
 static bool openOutput(FormHandle form, Options& options) {
@@ -296,15 +292,15 @@ static void writeReport(const Options& options) {
   for (const AdminSection section : adminSections) {
     const Section& printed = state.sections[indexOf(section)];
     if (options.sections[indexOf(section)]) {
-      printAdminSection(*state.output, section, recordsOf(printed), orderOf(printed), page);
+      printAdminSection(*state.output, section, printed.block, printed.order.positions(), page);
     }
   }
   state.pageNumber = page.number;
 }
 
 static RunEnd printFile(FormHandle form, Options& options) {
-  if (!readHeader(form) || !takeBlocks(form, options) || !readRecords(form, options)) return RunEnd::refused;
-  sortRecords(options);
+  const bool read = readHeader(form) && takeBlocks(form, options) && readRecords(form, options) && sortRecords(form, options);
+  if (!read) return RunEnd::refused;
   const RunEnd opened = openRun(form, options);
   if (opened != RunEnd::printed) return opened;
   if (!confirm(form)) return RunEnd::refused;

@@ -190,6 +190,12 @@ constexpr Moment moments[] = {
 // Minute 200 of hour 0 reads as 020000 000 without the zeros: 20000, the same number as 02:00:00; so the file's order decides.
 const std::vector<std::uint32_t> byTrader = {8, 3, 6, 7, 1, 0, 4, 5, 2, 9};
 
+std::vector<std::uint32_t> orderOf(AdminSection section, const void* records, std::size_t count, AdminSort sort) {
+  const RecordOrder order = adminOrder(section, records, count, sort);
+  EXPECT_TRUE(order);
+  return {order.positions().begin(), order.positions().end()};
+}
+
 template <class Record>
 void expectOrders(AdminSection section) {
   std::vector<Record> records(std::size(moments));
@@ -197,11 +203,9 @@ void expectOrders(AdminSection section) {
     std::memcpy(&records[i], &moments[i].trader, sizeof moments[i].trader);
     setTime(records[i], moments[i].time);
   }
-  std::vector<std::uint32_t> order(records.size());
-  adminOrder(section, records.data(), AdminSort::trader, order);
-  EXPECT_EQ(order, byTrader);
-  adminOrder(section, records.data(), AdminSort::time, order);
-  EXPECT_EQ(order, (std::vector<std::uint32_t>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+  EXPECT_EQ(orderOf(section, records.data(), records.size(), AdminSort::trader), byTrader);
+  EXPECT_EQ(orderOf(section, records.data(), records.size(), AdminSort::time),
+            (std::vector<std::uint32_t>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
 }
 
 TEST(AdminOrder, ofTradersIsBySignedNumberThenTimeAndByTimeTheFilesOwn) {
@@ -218,16 +222,14 @@ TEST(AdminOrder, readsTheTimesDigitsAsOneNumber) {
   // 2359100, 2359255, 2325599, 25500100, 25425500, 254255255: a third digit moves those before it to the left.
   std::vector<ActivityRec> records(std::size(times));
   for (std::size_t i = 0; i < records.size(); ++i) setTime(records[i], times[i]);
-  std::vector<std::uint32_t> order(records.size());
-  adminOrder(AdminSection::activities, records.data(), AdminSort::trader, order);
+  const std::vector<std::uint32_t> order = orderOf(AdminSection::activities, records.data(), records.size(), AdminSort::trader);
   EXPECT_EQ(order, (std::vector<std::uint32_t>{0, 1, 2, 3, 4, 5, 6, 7, 10, 8, 9, 12, 11, 13}));
 }
 
 TEST(AdminOrder, ofALargeLogKeepsEqualRecordsInTheFilesOrder) {
   std::vector<ActivityRec> records(5000);
   for (std::size_t i = 0; i < records.size(); ++i) records[i].traderId = static_cast<std::int32_t>(i * 7919 % 13);
-  std::vector<std::uint32_t> order(records.size());
-  adminOrder(AdminSection::activities, records.data(), AdminSort::trader, order);
+  const std::vector<std::uint32_t> order = orderOf(AdminSection::activities, records.data(), records.size(), AdminSort::trader);
   for (std::size_t i = 1; i < order.size(); ++i) {
     const std::int32_t before = records[order[i - 1]].traderId, here = records[order[i]].traderId;
     ASSERT_LE(before, here);
@@ -235,6 +237,14 @@ TEST(AdminOrder, ofALargeLogKeepsEqualRecordsInTheFilesOrder) {
       ASSERT_LT(order[i - 1], order[i]);
     }
   }
+}
+
+TEST(AdminOrder, fail_withoutMemoryThereIsNone) {
+  const ActivityRec records[2] = {};
+  faultsReset();
+  faultsArm(Fault::order, 1, false);
+  EXPECT_FALSE(adminOrder(AdminSection::activities, records, 1, AdminSort::time));
+  faultsReset();
 }
 
 TEST(AdminOpLetter, isToldForFifteenCodesAndIsANulForEveryOther) {
