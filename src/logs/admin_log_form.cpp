@@ -259,12 +259,13 @@ static bool openOutput(FormHandle form, Options& options) {
          openOutputStream(form, streamTexts, options.outputName, state.output);
 }
 
-// What is refused here can be put right on the form, which keeps its file.
+// What is refused here can be put right on the form, which keeps its file. Where no section is chosen the Reply line keeps its
+// words as well.
 static RunEnd openRun(FormHandle form, Options& options) {
   if (!openOutput(form, options)) {
     formSetText(form, IDC_ADMLOG_REPLY, "");
     formSetText(form, IDC_ADMLOG_OUTFILE, "");
-    formSetFocus(form, IDC_ADMLOG_OUTFILE);
+    if (options.toFile) formSetFocus(form, IDC_ADMLOG_OUTFILE);  // beside the printer it is hidden and takes none
     return RunEnd::kept;
   }
   for (const bool chosen : options.sections) {
