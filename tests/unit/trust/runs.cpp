@@ -110,6 +110,24 @@ static FormRun traderLimits(const char* name, const char* sample, std::vector<in
           .endsProgram = "Zero Records !! Cannot Print"};
 }
 
+static FormRun adminLog(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTADMINLOG",
+          .sample = sample,
+          .load = IDC_ADMLOG_LOAD,
+          .print = IDC_ADMLOG_PRINT,
+          .cancel = IDC_ADMLOG_CANCEL,
+          .file = IDC_ADMLOG_FILE,
+          .outFile = IDC_ADMLOG_OUTFILE,
+          .options = std::move(options),
+          .memory = " : Memory Allocation Failure",
+          .open = "File Cannot be opened",
+          .create = "Error In Opening Output File",
+          .seek = "Error in Reading File",
+          .tell = "Error in Reading File",
+          .string = "Load String Failed"};
+}
+
 const std::vector<FormRun>& allRuns() {
   static const std::vector<FormRun> runs = {
       trades("trades of 132 bytes with the net position", "TR010109.B01", {IDC_TRADES_NETPOS}),
@@ -135,6 +153,8 @@ const std::vector<FormRun>& allRuns() {
                    "Trader Limits Data: Memory Allocation Failure"),
       traderLimits("trader limits of Kesto by scrip", "KS010109.TSL", {IDC_TRDLIM_KESTO},
                    "Trader Limits  scrip Data: Memory Allocation Failure"),
+      adminLog("admin log, all four sections", "Ad010109.adl", {}),
+      adminLog("admin log of the lending market by trader", "SAd250509.adl", {IDC_ADMLOG_SCRIPS, IDC_ADMLOG_SORT_TRADER}),
   };
   return runs;
 }
