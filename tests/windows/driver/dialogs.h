@@ -1,9 +1,16 @@
 // Boxes and open-file dialogs: written as they stand, and answered.
 #pragma once
 
+#include <string>
+
 #include "system.h"
 
 namespace driving {
+
+// The form that owns it, "main" for the main window, or "none".
+std::string ownerOf(HWND dialog);
+// The close messages of "interrupt", and the question whether the session may end.
+void interrupt();
 
 void answerBox(HWND box);
 void answerFiles(HWND dialog);

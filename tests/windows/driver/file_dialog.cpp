@@ -56,12 +56,14 @@ static bool enterFile(HWND dialog, const std::wstring& file) {
 
 void answerFiles(HWND dialog) {
   expectBlocked(dialog);
+  interrupt();
   std::optional<std::wstring> answer;
   if (!driver.files.empty()) {
     answer = driver.files.front();
     driver.files.pop_front();
   }
   writeChanges();
+  const std::string owner = '"' + ownerOf(dialog) + '"';
   std::string pieces;
   add(pieces, "title", json(textOf(dialog)));
   add(pieces, "folder", json(folderOf(dialog)));
@@ -73,6 +75,7 @@ void answerFiles(HWND dialog) {
   const bool taken = answer && enterFile(dialog, *answer);
   if (!taken) pressAndWait(dialog, IDCANCEL);
   add(pieces, "answer", taken ? json(withoutFolder(*answer)) : "null");
+  add(pieces, "owner", owner);
   write("{\"files\":{" + pieces + "}}");
 }
 

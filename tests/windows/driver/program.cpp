@@ -86,6 +86,18 @@ HWND dialogThatAsks() {
 
 // ---- From its start to its end -----------------------------------------------------------------------------------------
 
+void keepMutex() {
+  ACL nobody = {};
+  InitializeAcl(&nobody, sizeof nobody, ACL_REVISION);
+  SECURITY_DESCRIPTOR descriptor = {};
+  InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
+  SetSecurityDescriptorDacl(&descriptor, TRUE, &nobody, FALSE);
+  SECURITY_ATTRIBUTES attributes = {.nLength = sizeof attributes, .lpSecurityDescriptor = &descriptor, .bInheritHandle = FALSE};
+  if (!CreateMutexW(&attributes, TRUE, L"QuillonMutex")) giveUp(statusCannot, "QuillonMutex", "cannot be made");
+}
+
+void findToolbar() { driver.toolbar = FindWindowExW(driver.mainWindow, nullptr, TOOLBARCLASSNAMEW, nullptr); }
+
 bool startProgram(const wchar_t* program) {
   learnForms(program);
   std::wstring commandLine = L'"' + std::wstring(program) + L'"';
@@ -96,6 +108,7 @@ bool startProgram(const wchar_t* program) {
     giveUp(statusStuck, narrow(program), "cannot be started");
   }
   CloseHandle(made.hThread);
+  driver.program = program;
   driver.process = made.hProcess;
   driver.processId = made.dwProcessId;
   driver.thread = made.dwThreadId;
@@ -107,7 +120,7 @@ bool startProgram(const wchar_t* program) {
     return driver.mainWindow || programIsOver();
   });
   if (!driver.mainWindow) return false;
-  driver.toolbar = FindWindowExW(driver.mainWindow, nullptr, TOOLBARCLASSNAMEW, nullptr);
+  findToolbar();
   ask(driver.mainWindow, WM_NULL);
   return true;
 }
