@@ -69,7 +69,7 @@ def second_copy_ends_with_status_0_and_no_window(desktop, folder):
     before = last_of(lines, "changed")
 
     second = desktop.start_driver(folder)
-    out, _ = second.communicate("", timeout=120)
+    out, _ = second.communicate("frame\n", timeout=120)  # a copy with a window would tell of it
     expect("lines of the second copy", transcripts.parse(out), [{"exit": 0}])
 
     out, _ = first.communicate("show\nquit\n", timeout=120)
@@ -81,7 +81,7 @@ def second_copy_ends_with_status_0_and_no_window(desktop, folder):
 def copy_with_more_rights_counts_as_running(desktop, folder):
     # Its mark is there and may not be opened.
     copy = desktop.start_driver(folder, options=["--keep-mutex"])
-    out, _ = copy.communicate("", timeout=120)
+    out, _ = copy.communicate("frame\n", timeout=120)
     expect("lines of the copy", transcripts.parse(out), [{"exit": 0}])
 
 

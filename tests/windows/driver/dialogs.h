@@ -13,6 +13,10 @@ std::string ownerOf(HWND dialog);
 void interrupt();
 
 void answerBox(HWND box);
+// So that an open-file dialog can be asked for its folder: between the two, each folder below the current one holds a mark.
+void markFolders();
+void unmarkFolders();
+
 void answerFiles(HWND dialog);
 void answerDialog(HWND dialog);  // either
 

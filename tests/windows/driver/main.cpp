@@ -27,6 +27,7 @@
 #include <string_view>
 #include <utility>
 
+#include "dialogs.h"
 #include "program.h"
 #include "texts.h"
 #include "user.h"
@@ -147,15 +148,17 @@ int wmain(int count, wchar_t** arguments) {
   const wchar_t* program = arguments[next++];
   std::FILE* script = next < count ? _wfopen(arguments[next], L"rb") : stdin;
   if (!script) giveUp(statusNoCommand, narrow(arguments[next]), "cannot be read");
+  markFolders();
   if (startProgram(program)) {
     std::string line;
     while (!driver.over && readLine(script, line)) {
       if (line.find_first_not_of(" \t") == std::string::npos || line.starts_with('#')) continue;
       carryOutLine(line);
     }
-    if (!driver.over && leave) return 0;
-    if (!driver.over) quit();
+    if (!driver.over && !leave) quit();
   }
+  unmarkFolders();
+  if (!programIsOver()) return 0;  // it was to stay
   writeExit();
   return 0;
 }

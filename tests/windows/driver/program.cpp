@@ -14,6 +14,7 @@ Driver driver;
 [[noreturn]] void stuck(const char* waitingFor) {
   std::fprintf(stderr, "driver: waited in vain for %s\n", waitingFor);
   TerminateProcess(driver.process, statusStuck);
+  unmarkFolders();
   ExitProcess(statusStuck);
 }
 
@@ -22,6 +23,7 @@ bool programIsOver() { return WaitForSingleObject(driver.process, 0) == WAIT_OBJ
 [[noreturn]] void giveUp(int status, const std::string& line, const char* reason) {
   std::fprintf(stderr, "driver: %s: %s\n", reason, line.c_str());
   if (driver.process) TerminateProcess(driver.process, static_cast<UINT>(status));
+  unmarkFolders();
   ExitProcess(static_cast<UINT>(status));
 }
 

@@ -67,6 +67,7 @@ struct RemoteMemory {
   RemoteMemory(const RemoteMemory&) = delete;
   RemoteMemory& operator=(const RemoteMemory&) = delete;
   void read(void* into, std::size_t size) const { ReadProcessMemory(driver.process, address, into, size, nullptr); }
+  void write(const void* from, std::size_t size) const { WriteProcessMemory(driver.process, address, from, size, nullptr); }
   void* address;
 };
 
