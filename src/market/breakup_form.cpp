@@ -4,7 +4,6 @@
 #include "market/breakup_form.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 
 #include "desktop/clock.h"
@@ -91,7 +90,7 @@ struct BreakupForm {
   std::string inputPath;  // empty until a file is chosen
   Input* input;
   Output* output;
-  void* block;  // the records, then their order; freed at the end of the run
+  void* block;  // the records; freed at the end of the run
 };
 
 }  // namespace
@@ -191,9 +190,9 @@ static bool refuseForMemory(FormHandle form, const Options& options) {
   return false;
 }
 
-// One block: the records with a zero one behind them, then their order.
+// One block: the records with a zero one behind them.
 static bool takeBlock(FormHandle form, const Options& options, std::size_t recordSize, std::size_t count) {
-  state.block = memoryTake((count + 1) * recordSize + count * sizeof(std::uint32_t));
+  state.block = memoryTake((count + 1) * recordSize);
   return state.block || refuseForMemory(form, options);
 }
 
@@ -202,11 +201,13 @@ static void rewindInput(FormHandle form) {
   if (!inputRewind(*state.input)) boxShow(form, boxTitle, rewindFailedText, BoxIcon::error);
 }
 
-static bool sortRecords(FormHandle form, const Options& options, const Records& records, std::uint32_t* order) {
-  const RecordKey byCode = {KeyKind::number, offsetof(NormalBreakup, scripCode), 4};
+// Without the check box the file's order stands.
+static RecordOrder sortRecords(FormHandle form, const Options& options, const Records& records) {
   static_assert(offsetof(NormalBreakup, scripCode) == offsetof(KestoBreakup, scripCode));
-  const RecordKey none = {KeyKind::none, 0, 0};
-  return recordOrder(records, options.sorted ? byCode : none, none, order) || refuseForMemory(form, options);
+  const RecordKey byCode = {KeyKind::number, offsetof(NormalBreakup, scripCode), 4};
+  RecordOrder order = options.sorted ? orderOfRecords(records, {byCode}) : orderOfRecords(records, {});
+  if (!order) (void)refuseForMemory(form, options);
+  return order;
 }
 
 static BreakupOptions reportOptions(const Options& options) {
@@ -217,11 +218,11 @@ static bool printNormal(FormHandle form, const Options& options) {
   std::size_t count = 0;
   if (!countRecords(form, count) || !takeBlock(form, options, sizeof(NormalBreakup), count)) return false;
   auto* const records = static_cast<NormalBreakup*>(state.block);
-  auto* const order = static_cast<std::uint32_t*>(static_cast<void*>(records + count + 1));
   rewindInput(form);
   if (!readNormalBreakups(*state.input, records, count)) (void)refuse(form, readFailedText);
-  if (!sortRecords(form, options, {records, sizeof(NormalBreakup), count}, order)) return false;
-  writeNormalBreakups(*state.output, records, {order, count}, reportOptions(options));
+  const RecordOrder order = sortRecords(form, options, {records, sizeof(NormalBreakup), count});
+  if (!order) return false;
+  writeNormalBreakups(*state.output, records, order.positions(), reportOptions(options));
   return true;
 }
 
@@ -229,11 +230,11 @@ static bool printKesto(FormHandle form, const Options& options) {
   std::size_t count = 0;
   if (!countRecords(form, count) || !takeBlock(form, options, sizeof(KestoBreakup), count)) return false;
   auto* const records = static_cast<KestoBreakup*>(state.block);
-  auto* const order = static_cast<std::uint32_t*>(static_cast<void*>(records + count + 1));
   rewindInput(form);
   if (!readKestoBreakups(*state.input, records, count)) (void)refuse(form, readFailedText);
-  if (!sortRecords(form, options, {records, sizeof(KestoBreakup), count}, order)) return false;
-  writeKestoBreakups(*state.output, records, {order, count}, reportOptions(options));
+  const RecordOrder order = sortRecords(form, options, {records, sizeof(KestoBreakup), count});
+  if (!order) return false;
+  writeKestoBreakups(*state.output, records, order.positions(), reportOptions(options));
   return true;
 }
 
