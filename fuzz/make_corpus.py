@@ -15,6 +15,8 @@ FORMS = {
     "broker_query": ["B[Rrb]*", "SB*", "BB*", "CB*"],
     "touchlines": ["*.SAV", "*.SSAV"],
     "trader_limits": ["*.TRD", "*.TSL", "*.STRD", "*.STSL"],
+    "sixa_sevena": ["*.UPD", "*.SUPD", "*.NUP", "*.SNUP"],
+    "breakup": ["*.DAT"],
 }
 # What stands at the end of an input, last byte first: name, pressed (4 bytes), answers, lines, fault kind and number, moves.
 CHOICES = [
