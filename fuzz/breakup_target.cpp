@@ -6,7 +6,7 @@
 namespace quillon::fuzz {
 
 static constexpr int choices[] = {IDC_BRKUP_NORMAL, IDC_BRKUP_KESTO, IDC_BRKUP_SORT};
-static constexpr const char* fileNames[] = {"BU010109.DAT", "SBU250509.DAT", "BU.TXT"};
+static constexpr const char* fileNames[] = {"BU010109.DAT", "SU250509.DAT", "BU.TXT"};
 static constexpr FormUnderTest form = {
     .resource = "PRNTBRKUP",
     .load = IDC_BRKUP_LOAD,

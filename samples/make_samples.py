@@ -295,7 +295,7 @@ def makeBreakupFiles(folder):
         write(os.path.join(folder, name), lines(*found))
 
     make("BU010109.DAT", *breakups(41, 14))
-    make("SBU250509.DAT", *breakups(42, 7))
+    make("SU250509.DAT", *breakups(42, 7))
     make("KU010109.DAT", *kestoBreakups(43, 14))
     make("SKU250509.DAT", *kestoBreakups(44, 7))
 

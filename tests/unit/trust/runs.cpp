@@ -172,7 +172,7 @@ const std::vector<FormRun>& allRuns() {
       sixaSevena("6A7A, updatable", "6A010109.UPD", {}),
       sixaSevena("6A7A of the lending market, non-updatable", "6A250509.SNUP", {IDC_6A7A_NON_UPDATABLE}),
       breakup("breakup data", "BU010109.DAT", {}),
-      breakup("breakup data of the lending market, sorted", "SBU250509.DAT", {IDC_BRKUP_SORT}),
+      breakup("breakup data of the lending market, sorted", "SU250509.DAT", {IDC_BRKUP_SORT}),
       breakup("breakup data of Kesto, sorted", "KU010109.DAT", {IDC_BRKUP_KESTO, IDC_BRKUP_SORT}),
   };
   return runs;
