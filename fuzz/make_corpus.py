@@ -16,6 +16,8 @@ FORMS = {
     "touchlines": ["*.SAV", "*.SSAV"],
     "admin_log": ["Ad*.adl", "SAd*.adl"],
     "trader_limits": ["*.TRD", "*.TSL", "*.STRD", "*.STSL"],
+    "sixa_sevena": ["*.UPD", "*.SUPD", "*.NUP", "*.SNUP"],
+    "breakup": ["*.DAT"],
 }
 # What stands at the end of an input, last byte first: name, pressed (4 bytes), answers, lines, fault kind and number, moves.
 CHOICES = [

@@ -319,6 +319,71 @@ def makeAdminLogFiles(folder):
 
     make("Ad010109.adl", "01/01/2009", adminTraders(41, 12), adminScrips(42, 30), adminGroups(43, 8), adminActivities(44, 10))
     make("SAd250509.adl", "25/05/2009", adminTraders(45, 6), adminScrips(46, 9), [], adminActivities(47, 4))
+def breakups(seed, count):
+    """One line a scrip: figures of four client types, their totals, the net position and the gross figures."""
+    chance = Chance(seed)
+    found = []
+    for code, _, _ in scripsOfTheDay(chance, count):
+        blocks = [[chance.below(150) if chance.below(3) else 0 for _ in range(6)] for _ in range(4)]
+        pd, sd, pc, sc, vb, sb = totals = [sum(column) for column in zip(*blocks)]
+        gross = [pd + pc, sd + sc, pd + pc + vb, sd + sc + sb]
+        groups = [delimited(code)] + [delimited(kind + 1, *block) for kind, block in enumerate(blocks)]
+        last = delimited(*totals, gross[0] - gross[1], *gross)
+        found.append(groups[0] + "\t\t     ".join(groups[1:]) + "\t\t" + last[:-1])
+    return found
+
+
+def kestoBreakups(seed, count):
+    chance = Chance(seed)
+    found = []
+    for code, _, _ in scripsOfTheDay(chance, count):
+        blocks = [[100 * chance.below(90) if chance.below(3) else 0 for _ in range(4)] for _ in range(2)]
+        lm, bm, bf, lf = [sum(column) for column in zip(*blocks)]
+        groups = [delimited(kind + 2, *block) for kind, block in enumerate(blocks)]
+        last = delimited(lm + lf, lm, bm + bf, bm, lf, bf, lm + lf - bm - bf, 0, lm + lf, bm + bf)
+        found.append(delimited(code) + "\t\t\t\t\t\t     ".join(groups + [last]))
+    return found
+
+
+def makeBreakupFiles(folder):
+    def make(name, *found):
+        write(os.path.join(folder, name), lines(*found))
+
+    make("BU010109.DAT", *breakups(41, 14))
+    make("SU250509.DAT", *breakups(42, 7))
+    make("KU010109.DAT", *kestoBreakups(43, 14))
+    make("SKU250509.DAT", *kestoBreakups(44, 7))
+
+
+def entries6a7a(seed, count, date, sides, confirmed, paper):
+    """One line an entry; `paper` is what its contract number or memo number begins with."""
+    chance = Chance(seed)
+    comments = ("PAYOUT TO CLIENT", "EARLY PAY-IN", "AGAINST MARGIN", "PART DELIVERY", "NONE")
+    found = []
+    for i in range(count):
+        code, _, _, price = chance.of(SCRIPS)
+        client, _ = chance.of(CLIENTS)
+        quantity = (1 + chance.below(400)) * 25
+        found.append(delimited(code, 1000 + chance.below(90), chance.of("ND"), 100001 + 3 * i, chance.of(sides), chance.of("CN"),
+                               quantity, quantity * round(price * 100), date, client, confirmed(chance), 501 + i,
+                               "%s/%04d" % (paper, 40 + i), chance.of(comments), 1 if chance.below(6) == 0 else 0))
+    return found
+
+
+def make6A7AFiles(folder):
+    def make(name, date, *found):
+        write(os.path.join(folder, name), lines(delimited(date, "16:05:30"), *found))
+
+    def waiting(chance):
+        return "N"
+
+    def settled(chance):
+        return chance.of("YYR")
+
+    make("6A010109.UPD", "01/01/09", *entries6a7a(51, 60, "01/01/2009", "BS", waiting, "CN/2009/418"))
+    make("6A250509.SUPD", "25/05/09", *entries6a7a(52, 12, "25/05/2009", "BL", waiting, "CM/2009/418"))
+    make("6A010109.NUP", "01/01/09", *entries6a7a(53, 45, "01/01/2009", "BS", settled, "CN/2009/418"))
+    make("6A250509.SNUP", "25/05/09", *entries6a7a(54, 12, "25/05/2009", "BL", settled, "CM/2009/418"))
 
 
 if __name__ == "__main__":
@@ -328,3 +393,5 @@ if __name__ == "__main__":
     makeTouchlineFiles(folder)
     makeTraderLimitsFiles(folder)
     makeAdminLogFiles(folder)
+    makeBreakupFiles(folder)
+    make6A7AFiles(folder)

@@ -2,6 +2,8 @@
 
 #include "brokerquery/broker_form.h"
 #include "logs/admin_log_form.h"
+#include "market/breakup_form.h"
+#include "market/sixa_sevena_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
 #include "position/position_form.h"
@@ -18,6 +20,8 @@ static constexpr FormEntry entries[] = {
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
     {"PRNTADMINLOG", adminLogFormEvent},
+    {"PRNTSIXASEVENA", sixaSevenaFormEvent},
+    {"PRNTBRKUP", breakupFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

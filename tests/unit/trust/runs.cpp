@@ -126,6 +126,38 @@ static FormRun adminLog(const char* name, const char* sample, std::vector<int> o
           .seek = "Error in Reading File",
           .tell = "Error in Reading File",
           .string = "Load String Failed"};
+static FormRun sixaSevena(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTSIXASEVENA",
+          .sample = sample,
+          .load = IDC_6A7A_LOAD,
+          .print = IDC_6A7A_PRINT,
+          .cancel = IDC_6A7A_CANCEL,
+          .file = IDC_6A7A_FILE,
+          .outFile = IDC_6A7A_OUTFILE,
+          .options = std::move(options),
+          .memory = "6A7A Report: Memory Allocation Failure",
+          .open = "Error In Opening ",
+          .create = "Error ",
+          .seek = "",
+          .tell = ""};
+}
+
+static FormRun breakup(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTBRKUP",
+          .sample = sample,
+          .load = IDC_BRKUP_LOAD,
+          .print = IDC_BRKUP_PRINT,
+          .cancel = IDC_BRKUP_CANCEL,
+          .file = IDC_BRKUP_FILE,
+          .outFile = IDC_BRKUP_OUTFILE,
+          .options = std::move(options),
+          .memory = "BreakUp Report: Memory Allocation Failure",
+          .open = "Error In Opening BreakUp Report File.....",
+          .create = "Error In Opening Output File",
+          .seek = "",
+          .tell = ""};
 }
 
 const std::vector<FormRun>& allRuns() {
@@ -155,6 +187,11 @@ const std::vector<FormRun>& allRuns() {
                    "Trader Limits  scrip Data: Memory Allocation Failure"),
       adminLog("admin log, all four sections", "Ad010109.adl", {}),
       adminLog("admin log of the lending market by trader", "SAd250509.adl", {IDC_ADMLOG_SCRIPS, IDC_ADMLOG_SORT_TRADER}),
+      sixaSevena("6A7A, updatable", "6A010109.UPD", {}),
+      sixaSevena("6A7A of the lending market, non-updatable", "6A250509.SNUP", {IDC_6A7A_NON_UPDATABLE}),
+      breakup("breakup data", "BU010109.DAT", {}),
+      breakup("breakup data of the lending market, sorted", "SU250509.DAT", {IDC_BRKUP_SORT}),
+      breakup("breakup data of Kesto, sorted", "KU010109.DAT", {IDC_BRKUP_KESTO, IDC_BRKUP_SORT}),
   };
   return runs;
 }
