@@ -7,30 +7,29 @@
 
 namespace quillon {
 
-inline constexpr char bar = '|';
-inline constexpr char blank[] = " ";
-inline constexpr char formFeed = 12;
-
-inline constexpr std::size_t longestRule = 160;
-inline constexpr auto ruleCharacters = [] {
-  std::array<char, longestRule> characters = {};
+inline constexpr std::size_t longestLogRule = 160;
+inline constexpr auto logRuleCharacters = [] {
+  std::array<char, longestLogRule> characters = {};
   characters.fill('_');
   return characters;
 }();
-// `width` underscores, at most longestRule.
-constexpr std::string_view rule(std::size_t width) { return {ruleCharacters.data(), width}; }
+// `width` underscores, at most longestLogRule.
+constexpr std::string_view logRule(std::size_t width) { return {logRuleCharacters.data(), width}; }
 
-constexpr const char* exchangeLine(bool isLendingFile) {
+constexpr const char* logExchangeLine(bool isLendingFile) {
   return isLendingFile ? "KOR SHARE HOLDING LTD." : "TARVEN STOCK EXCHANGE LTD.";
 }
 
-// A text in two pieces: what its cell in the first row has room for, and the rest, which goes on in the row below.
-struct SplitText {
+// A message in two pieces: what its cell in the first row has room for, and the rest, which goes on in the row below.
+struct SplitMessage {
   std::string_view head;
   std::string_view rest;
 };
-constexpr SplitText splitText(std::string_view text, std::size_t room) {
-  return {text.substr(0, room), text.size() > room ? text.substr(room) : std::string_view()};
+constexpr SplitMessage splitMessage(std::string_view message, std::size_t room) {
+  return {message.substr(0, room), message.size() > room ? message.substr(room) : std::string_view()};
 }
+
+// The text up to its first line feed, which ends a message wherever it stands.
+constexpr std::string_view firstLine(std::string_view text) { return text.substr(0, text.find('\n')); }
 
 }  // namespace quillon
