@@ -15,13 +15,13 @@
 namespace quillon::test {
 
 struct OrderRow {
-  std::int32_t scripCode, qty, revQty, limitRate, trigRate, thirdRate;
-  std::int64_t orderId;
-  std::int16_t retention, clientType;
-  char orderType, side;
-  std::uint8_t hour, minute, second;
-  std::int16_t actionCode;
-  std::string_view clientId, scripId, message;
+  std::int32_t scripCode = 0, qty = 0, revQty = 0, limitRate = 0, trigRate = 0, thirdRate = 0;
+  std::int64_t orderId = 0;
+  std::int16_t retention = 0, clientType = 0;
+  char orderType = 'L', side = 'B';
+  std::uint8_t hour = 0, minute = 0, second = 0;
+  std::int16_t actionCode = 0;
+  std::string_view clientId = "", scripId = "", message = "";
   char recordKind = 'N';
   std::int32_t tradeId = 0;
   std::string_view newClientId = "";
@@ -29,14 +29,14 @@ struct OrderRow {
 };
 
 struct ConsolidatedRow {
-  std::int32_t traderId, scripCode;
-  std::string_view scripId;
-  std::int32_t qty, revQty, limitRate, trigRate, thirdRate;
-  std::int64_t orderId;
-  std::int16_t retention, clientType, actionCode;
-  std::string_view clientId;
-  char orderType, side;
-  std::string_view logTime, message;
+  std::int32_t traderId = 0, scripCode = 0;
+  std::string_view scripId = "";
+  std::int32_t qty = 0, revQty = 0, limitRate = 0, trigRate = 0, thirdRate = 0;
+  std::int64_t orderId = 0;
+  std::int16_t retention = 0, clientType = 0, actionCode = 0;
+  std::string_view clientId = "";
+  char orderType = 'L', side = 'B';
+  std::string_view logTime = "", message = "";
 };
 
 // Fills the field to its last byte where the text is that long.

@@ -11,12 +11,12 @@
 namespace quillon::test {
 
 struct QuoteRow {
-  std::int32_t scripCode, bidQty, bidRevQty, bidRate, offerQty, offerRevQty, offerRate;
-  std::int64_t quoteId;
-  std::int16_t bidClientType, offerClientType;
-  std::uint8_t hour, minute, second;
-  std::int16_t actionCode;
-  std::string_view bidClientId, offerClientId, scripId, message;
+  std::int32_t scripCode = 0, bidQty = 0, bidRevQty = 0, bidRate = 0, offerQty = 0, offerRevQty = 0, offerRate = 0;
+  std::int64_t quoteId = 0;
+  std::int16_t bidClientType = 0, offerClientType = 0;
+  std::uint8_t hour = 0, minute = 0, second = 0;
+  std::int16_t actionCode = 0;
+  std::string_view bidClientId = "", offerClientId = "", scripId = "", message = "";
 };
 
 inline void fill(const QuoteRow& row, QuoteRec& quote) {
