@@ -36,5 +36,95 @@ TEST(QuoteLogPages, narrowValuesStandOnTheirSideOfTheCell) {
   expectApproved("logs/quotes_narrow_values.txt", listed(narrowQuotes, smallIds, {false, 25}));
 }
 
+constexpr char closingRule[] =
+    "|________|___________|___|_________|_________|________|___________|__________|________|__________________|_|"
+    "________________________|\n";
+
+std::vector<std::string> pageLines(const std::vector<QuoteRow>& rows, unsigned quotesPerPage) {
+  std::vector<std::string> lines = linesOf(withoutCarriageReturns(listed(rows, ordinary, {false, quotesPerPage})));
+  if (lines.back().empty()) lines.pop_back();
+  return lines;
+}
+constexpr std::size_t headingLines = 9;
+
+TEST(QuoteLogReport, lastQuoteThatFillsThePageGetsNoExtraRule) {
+  const std::vector<std::string> full = pageLines(std::vector<QuoteRow>(2), 2);
+  EXPECT_EQ(full.size(), headingLines + 2 * 3);
+  EXPECT_EQ(full.back(), closingRule);
+  const std::vector<std::string> withRoom = pageLines(std::vector<QuoteRow>(2), 3);
+  EXPECT_EQ(withRoom.size(), headingLines + 2 * 3 + 1);
+  EXPECT_EQ(withRoom.back(), closingRule);
+}
+
+TEST(QuoteLogReport, reportEndsWithoutAFormFeed) {
+  for (const unsigned perPage : {1u, 2u, 3u, 25u}) {
+    const std::string report = listed(std::vector<QuoteRow>(4), ordinary, {false, perPage});
+    EXPECT_EQ(static_cast<unsigned>(std::count(report.begin(), report.end(), '\f')), (4 - 1) / perPage) << perPage;
+  }
+}
+
+TEST(QuoteLogReport, noQuotesGiveAHeadingAlone) { EXPECT_EQ(pageLines({}, 2).size(), headingLines); }
+
+// The letter stands behind the tenth bar of the bid row.
+char letterOf(const std::string& row) {
+  std::size_t at = 0;
+  for (int bars = 0; bars < 11; ++bars) at = row.find('|', at) + 1;
+  return row.at(at);
+}
+
+TEST(QuoteLogReport, unknownActionKeepsTheLetterOfTheQuoteBefore) {
+  const std::vector<QuoteRow> rows = {{.actionCode = 7}, {.actionCode = 3}, {.actionCode = 0},
+                                      {.actionCode = 4}, {.actionCode = 9}, {.actionCode = 5}};
+  const std::vector<std::string> lines = pageLines(rows, 25);
+  const std::string shown = " DDAAU";
+  for (std::size_t i = 0; i < rows.size(); ++i) EXPECT_EQ(letterOf(lines.at(headingLines + 3 * i)), shown[i]) << i;
+}
+
+TEST(QuoteLogReport, rateOfZeroIsADashOnItsOwnSideAlone) {
+  const std::vector<std::string> lines = pageLines({{.bidRate = 250, .offerRate = 0}, {.bidRate = 0, .offerRate = -1}}, 25);
+  EXPECT_NE(lines.at(headingLines).find("|     250|"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 1).find("|       -|"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 3).find("|       -|"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 4).find("|      -1|"), std::string::npos);
+}
+
+// The record ends with its message: the next quote's bytes are no part of it.
+TEST(QuoteLogReport, fullMessageEndsWithItsField) {
+  const std::vector<std::string> lines = pageLines({{.message = forty}, {.scripCode = letters}}, 25);
+  EXPECT_NE(lines.at(headingLines).find("|Forty characters, to the|\n"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 1).find("| end of its cell        |\n"), std::string::npos);
+}
+
+TEST(QuoteLogReport, messageOf24CharactersLeavesTheOfferRowEmpty) {
+  const std::vector<std::string> lines =
+      pageLines({{.message = "Twenty-four characters !"}, {.message = "Twenty-four characters !?"}, {.message = "a\nb"}}, 25);
+  EXPECT_NE(lines.at(headingLines).find("|Twenty-four characters !|\n"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 1).find("|                        |\n"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 3).find("|Twenty-four characters !|\n"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 4).find("|?                       |\n"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 6).find("|a                       |\n"), std::string::npos);
+  EXPECT_NE(lines.at(headingLines + 7).find("|                        |\n"), std::string::npos);
+}
+
+TEST(QuoteLogReport, printsInTheGivenOrder) {
+  registerClientTypes();
+  const std::vector<QuoteRec> records = block<QuoteRec>(std::vector<QuoteRow>{{.scripCode = 1}, {.scripCode = 2}});
+  const std::uint32_t order[] = {1, 0};
+  const std::string report = reportOf([&](Output& out) { printQuoteLog(out, ordinary, records.data(), order, {false, 25}); });
+  EXPECT_LT(report.find("|       2|"), report.find("|       1|"));
+}
+
+TEST(QuoteLogFile, isNAndQ) {
+  for (int letter = 0; letter < 256; ++letter) {
+    TradeHeader header = ordinary;
+    EXPECT_TRUE(isQuoteLog(header));
+    header.fileKind = static_cast<char>(letter);
+    EXPECT_EQ(isQuoteLog(header), letter == 'N') << letter;
+    header.fileKind = 'N';
+    header.kind = static_cast<char>(letter);
+    EXPECT_EQ(isQuoteLog(header), letter == 'Q') << letter;
+  }
+}
+
 }  // namespace
 }  // namespace quillon::test
