@@ -1,6 +1,8 @@
 #include "report_forms.h"
 
 #include "brokerquery/broker_form.h"
+#include "logs/order_log_form.h"
+#include "logs/quote_log_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
 #include "position/position_form.h"
@@ -16,6 +18,8 @@ static constexpr FormEntry entries[] = {
     {"PRNTBRKREP", brokerQueryFormEvent},
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
+    {"PRNTORDLOG", orderLogFormEvent},
+    {"PRNTQUOTELOG", quoteLogFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

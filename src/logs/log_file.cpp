@@ -2,8 +2,6 @@
 
 #include <cstdint>
 
-#include "trades/trade_file.h"
-
 namespace quillon {
 
 bool countLogRecords(Input& input, std::size_t recordSize, std::size_t& count) {
@@ -16,16 +14,17 @@ bool countLogRecords(Input& input, std::size_t recordSize, std::size_t& count) {
   return true;
 }
 
-bool readLogRecords(Input& input, std::size_t recordSize, void* block, std::size_t count, bool (*readFailed)()) {
-  TradeHeader header;
-  if (!inputRead(input, &header, sizeof header) && !readFailed()) return false;
+void readLogRecords(Input& input, TradeHeader& header, std::size_t recordSize, void* block, std::size_t count,
+                    void (*readFailed)()) {
+  TradeHeader again;
+  if (inputRead(input, &again, sizeof again))
+    header = again;
+  else
+    readFailed();
   char* const records = static_cast<char*>(block);
-  std::size_t done = 0;
-  while (true) {
+  for (std::size_t done = 0; done < count; ++done) {
     done += inputReadRecords(input, records + done * recordSize, recordSize, count - done);
-    if (done == count) return true;
-    if (!readFailed()) return false;
-    if (++done == count) return true;
+    if (done < count) readFailed();
   }
 }
 

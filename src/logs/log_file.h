@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "text/input.h"
+#include "trades/trade_file.h"
 
 namespace quillon {
 
@@ -11,9 +12,9 @@ namespace quillon {
 // the size cannot be had.
 [[nodiscard]] bool countLogRecords(Input& input, std::size_t recordSize, std::size_t& count);
 
-// Passes over the header and reads `count` records into the zero-filled `block`, from the start of the file. Each header or
-// record that comes back short is told by `readFailed`: true carries on with what follows it, the record staying all zero;
-// false ends the load. False when it was ended so.
-[[nodiscard]] bool readLogRecords(Input& input, std::size_t recordSize, void* block, std::size_t count, bool (*readFailed)());
+// Reads the header and `count` records into the zero-filled `block`, from the start of the file. Each of them that comes back
+// short is told by `readFailed`; a header then stays as it was, a record all zero, and the load goes on with what follows it.
+void readLogRecords(Input& input, TradeHeader& header, std::size_t recordSize, void* block, std::size_t count,
+                    void (*readFailed)());
 
 }  // namespace quillon

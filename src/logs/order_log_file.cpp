@@ -54,6 +54,45 @@ std::size_t countExcludedOrders(const OrderRec136* records, std::size_t count, O
   return excluded;
 }
 
+static constexpr RecordKey noKey = {KeyKind::none, 0, 0};
+
+static std::array<RecordKey, 3> orderKeys(OrderLogSort sort) {
+  constexpr RecordKey time = {KeyKind::time, offsetof(OrderRec112, hour), 3};
+  constexpr RecordKey orderId = {KeyKind::number64, offsetof(OrderRec112, orderId), sizeof(OrderRec112::orderId)};
+  switch (sort) {
+    case OrderLogSort::scripCode:
+      return {{{KeyKind::number, offsetof(OrderRec112, scripCode), sizeof(OrderRec112::scripCode)}, time, orderId}};
+    case OrderLogSort::scripId:
+      return {{{KeyKind::text, offsetof(OrderRec112, scripId), sizeof(OrderRec112::scripId)}, time, orderId}};
+    case OrderLogSort::clientId:
+      return {{{KeyKind::text, offsetof(OrderRec112, clientId), sizeof(OrderRec112::clientId)}, time, orderId}};
+    case OrderLogSort::time:
+      break;
+  }
+  return {{noKey, noKey, noKey}};
+}
+
+static std::array<RecordKey, 3> consolidatedKeys(OrderLogSort sort) {
+  using Record = ConsolidatedOrderRec;
+  constexpr RecordKey time = {KeyKind::text, offsetof(Record, logTime), sizeof(Record::logTime)};
+  constexpr RecordKey orderId = {KeyKind::number64, offsetof(Record, orderId), sizeof(Record::orderId)};
+  switch (sort) {
+    case OrderLogSort::scripCode:
+      return {{{KeyKind::number, offsetof(Record, scripCode), sizeof(Record::scripCode)}, time, orderId}};
+    case OrderLogSort::scripId:
+      return {{{KeyKind::text, offsetof(Record, scripId), sizeof(Record::scripId)}, time, orderId}};
+    case OrderLogSort::clientId:
+      return {{{KeyKind::text, offsetof(Record, clientId), sizeof(Record::clientId)}, time, orderId}};
+    case OrderLogSort::time:
+      break;
+  }
+  return {{time, orderId, noKey}};
+}
+
+std::array<RecordKey, 3> orderLogSortKeys(OrderLogLayout layout, OrderLogSort sort) {
+  return layout == OrderLogLayout::consolidated ? consolidatedKeys(sort) : orderKeys(sort);
+}
+
 static std::size_t messageOffset(OrderLogLayout layout) {
   return layout == OrderLogLayout::consolidated ? offsetof(ConsolidatedOrderRec, message) : offsetof(OrderRec112, message);
 }

@@ -7,12 +7,14 @@
 // hundredths of a rupee.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "text/fields.h"
+#include "text/record_order.h"
 #include "trades/trade_file.h"
 
 namespace quillon {
@@ -184,6 +186,11 @@ constexpr char orderRecordKind(OrderLogChoice choice) {
 // How many of the records belong to the other two choices. A record of an unknown kind is not among them, though no choice
 // lists it.
 std::size_t countExcludedOrders(const OrderRec136* records, std::size_t count, OrderLogChoice choice);
+
+enum class OrderLogSort { time, scripCode, scripId, clientId };
+// Where the keys of a sort stand in the records, most important first: the sort's own, then the time, then the order id. An
+// order log stands in the order of time already, so that it has no key there.
+std::array<RecordKey, 3> orderLogSortKeys(OrderLogLayout layout, OrderLogSort sort);
 
 // Records in the order in which they are printed.
 struct OrderLogRecords {

@@ -5,10 +5,12 @@
 // hundredths of a rupee.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
 #include "text/fields.h"
+#include "text/record_order.h"
 #include "trades/trade_file.h"
 
 namespace quillon {
@@ -64,5 +66,10 @@ static_assert(offsetof(QuoteRec, message) == 86);
 
 // A quote log by its first two letters.
 constexpr bool isQuoteLog(const TradeHeader& header) { return header.fileKind == 'N' && header.kind == 'Q'; }
+
+enum class QuoteSort { time, scripCode, scripId, bidClientId, offerClientId };
+// Where the keys of a sort stand in a record, most important first: the sort's own, then the time, then the quote id. A quote
+// log stands in the order of time already, so that it has no key there.
+std::array<RecordKey, 3> quoteLogSortKeys(QuoteSort sort);
 
 }  // namespace quillon

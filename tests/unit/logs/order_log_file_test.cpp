@@ -200,5 +200,75 @@ TEST(OrderLogMessage, neverRunsBeyondTheBlockNorBeyondTheLongest) {
   }
 }
 
+// ---- Order ------------------------------------------------------------------------------------------------------------
+
+template <typename Record, typename Row>
+std::vector<std::uint32_t> sorted(const std::vector<Row>& rows, OrderLogSort sort) {
+  const std::vector<Record> records = block<Record>(rows);
+  const OrderLogRecords view = inFileOrder(records);
+  const RecordOrder order = orderOfRecords({view.bytes, sizeof(Record), view.count}, orderLogSortKeys(view.layout, sort));
+  EXPECT_TRUE(order);
+  return {order.positions().begin(), order.positions().end()};
+}
+
+using Positions = std::vector<std::uint32_t>;
+
+// Each neighbour differs in one key alone, so that each is seen to count: scrip code, scrip, client; then hour, minute and
+// second; then the order id, whose sign and upper half count; the last two are equal.
+const std::vector<OrderRow> unsortedOrders = {
+    {.scripCode = 7, .orderId = 5, .hour = 10, .minute = 5, .second = 9, .clientId = "C1", .scripId = "AXLE"},
+    {.scripCode = -7, .orderId = 5, .hour = 23, .minute = 5, .second = 9, .clientId = "C0", .scripId = "AXL"},
+    {.scripCode = 7, .orderId = 4, .hour = 10, .minute = 5, .second = 9, .clientId = "C1", .scripId = "AXLE"},
+    {.scripCode = 7, .orderId = -5, .hour = 10, .minute = 5, .second = 9, .clientId = "C1", .scripId = "AXLE"},
+    {.scripCode = 7, .orderId = 0x100000001, .hour = 10, .minute = 5, .second = 8, .clientId = "C1", .scripId = "AXLE"},
+    {.scripCode = 7, .orderId = 0x0f0000000, .hour = 10, .minute = 5, .second = 8, .clientId = "C1", .scripId = "AXLE"},
+    {.scripCode = 7, .orderId = 9, .hour = 9, .minute = 59, .second = 59, .clientId = "C1", .scripId = "AXLE"},
+    {.scripCode = 7, .orderId = 9, .hour = 10, .minute = 4, .second = 59, .clientId = "C1", .scripId = "AXLE"},
+    {.scripCode = 8, .orderId = 1, .hour = 0, .minute = 0, .second = 0, .clientId = "c", .scripId = "axle"},
+    {.scripCode = 8, .orderId = 1, .hour = 0, .minute = 0, .second = 0, .clientId = "c", .scripId = "axle"},
+};
+
+TEST(OrderLogOrder, ordersStandByTheChosenKeyThenTimeThenOrderId) {
+  const Positions expected = {1, 6, 7, 5, 4, 3, 2, 0, 8, 9};
+  for (const OrderLogSort sort : {OrderLogSort::scripCode, OrderLogSort::scripId, OrderLogSort::clientId}) {
+    EXPECT_EQ(sorted<OrderRec136>(unsortedOrders, sort), expected) << static_cast<int>(sort);
+    EXPECT_EQ(sorted<OrderRec112>(unsortedOrders, sort), expected) << static_cast<int>(sort);
+  }
+}
+
+TEST(OrderLogOrder, timeLeavesAnOrderLogInFileOrder) {
+  const Positions expected = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
+  EXPECT_EQ(sorted<OrderRec136>(unsortedOrders, OrderLogSort::time), expected);
+  EXPECT_EQ(sorted<OrderRec112>(unsortedOrders, OrderLogSort::time), expected);
+}
+
+// A sort looks at no other field: the three first keys are in different orders here.
+TEST(OrderLogOrder, eachSortHasItsOwnKey) {
+  const std::vector<OrderRow> rows = {{.scripCode = 1, .clientId = "B", .scripId = "C"},
+                                      {.scripCode = 2, .clientId = "C", .scripId = "A"},
+                                      {.scripCode = 3, .clientId = "A", .scripId = "B"}};
+  EXPECT_EQ(sorted<OrderRec136>(rows, OrderLogSort::scripCode), (Positions{0, 1, 2}));
+  EXPECT_EQ(sorted<OrderRec136>(rows, OrderLogSort::scripId), (Positions{1, 2, 0}));
+  EXPECT_EQ(sorted<OrderRec136>(rows, OrderLogSort::clientId), (Positions{2, 0, 1}));
+  const std::vector<ConsolidatedRow> consolidated = {{.scripCode = 1, .scripId = "C", .clientId = "B", .logTime = "12"},
+                                                     {.scripCode = 2, .scripId = "A", .clientId = "C", .logTime = "13"},
+                                                     {.scripCode = 3, .scripId = "B", .clientId = "A", .logTime = "11"}};
+  EXPECT_EQ(sorted<ConsolidatedOrderRec>(consolidated, OrderLogSort::scripCode), (Positions{0, 1, 2}));
+  EXPECT_EQ(sorted<ConsolidatedOrderRec>(consolidated, OrderLogSort::scripId), (Positions{1, 2, 0}));
+  EXPECT_EQ(sorted<ConsolidatedOrderRec>(consolidated, OrderLogSort::clientId), (Positions{2, 0, 1}));
+  EXPECT_EQ(sorted<ConsolidatedOrderRec>(consolidated, OrderLogSort::time), (Positions{2, 0, 1}));
+}
+
+TEST(OrderLogOrder, consolidatedTimesCompareAsText) {
+  std::vector<ConsolidatedRow> rows = {{.orderId = 1, .logTime = "9:15:00"},
+                                       {.orderId = 2, .logTime = "10:15:00"},
+                                       {.orderId = 3, .logTime = "09:15:00"},
+                                       {.orderId = -3, .logTime = "09:15:00"},
+                                       {.orderId = -3, .logTime = "09:15:00"}};
+  for (const OrderLogSort sort : {OrderLogSort::time, OrderLogSort::scripCode, OrderLogSort::scripId, OrderLogSort::clientId}) {
+    EXPECT_EQ(sorted<ConsolidatedOrderRec>(rows, sort), (Positions{3, 4, 2, 1, 0})) << static_cast<int>(sort);
+  }
+}
+
 }  // namespace
 }  // namespace quillon::test

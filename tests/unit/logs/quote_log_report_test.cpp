@@ -126,5 +126,36 @@ TEST(QuoteLogFile, isNAndQ) {
   }
 }
 
+std::vector<std::uint32_t> sorted(const std::vector<QuoteRow>& rows, QuoteSort sort) {
+  const std::vector<QuoteRec> records = block<QuoteRec>(rows);
+  const RecordOrder order = orderOfRecords({records.data(), sizeof(QuoteRec), rows.size()}, quoteLogSortKeys(sort));
+  EXPECT_TRUE(order);
+  return {order.positions().begin(), order.positions().end()};
+}
+using Positions = std::vector<std::uint32_t>;
+
+TEST(QuoteLogOrder, eachSortHasItsOwnKeyAndTimeHasNone) {
+  const std::vector<QuoteRow> rows = {{.scripCode = -1, .hour = 12, .bidClientId = "B", .offerClientId = "A", .scripId = "C"},
+                                      {.scripCode = 2, .hour = 11, .bidClientId = "C", .offerClientId = "C", .scripId = "A"},
+                                      {.scripCode = 3, .hour = 10, .bidClientId = "A", .offerClientId = "B", .scripId = "B"}};
+  EXPECT_EQ(sorted(rows, QuoteSort::time), (Positions{0, 1, 2}));
+  EXPECT_EQ(sorted(rows, QuoteSort::scripCode), (Positions{0, 1, 2}));
+  EXPECT_EQ(sorted(rows, QuoteSort::scripId), (Positions{1, 2, 0}));
+  EXPECT_EQ(sorted(rows, QuoteSort::bidClientId), (Positions{2, 0, 1}));
+  EXPECT_EQ(sorted(rows, QuoteSort::offerClientId), (Positions{0, 2, 1}));
+}
+
+TEST(QuoteLogOrder, tiesGoOnToTheTimeAndTheQuoteId) {
+  const std::vector<QuoteRow> rows = {{.quoteId = 5, .hour = 10, .minute = 5, .second = 9},
+                                      {.quoteId = -5, .hour = 10, .minute = 5, .second = 9},
+                                      {.quoteId = 0x100000001, .hour = 10, .minute = 5, .second = 8},
+                                      {.quoteId = 0x0f0000000, .hour = 10, .minute = 5, .second = 8},
+                                      {.quoteId = 9, .hour = 9, .minute = 59, .second = 59},
+                                      {.quoteId = 5, .hour = 10, .minute = 5, .second = 9}};
+  for (const QuoteSort sort : {QuoteSort::scripCode, QuoteSort::scripId, QuoteSort::bidClientId, QuoteSort::offerClientId}) {
+    EXPECT_EQ(sorted(rows, sort), (Positions{4, 3, 2, 1, 0, 5})) << static_cast<int>(sort);
+  }
+}
+
 }  // namespace
 }  // namespace quillon::test
