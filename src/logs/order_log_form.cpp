@@ -29,8 +29,9 @@ static constexpr char formTitle[] = "Order Log Printing";
 static constexpr char notOpenedText[] = "File cannot be opened!";
 static constexpr char notOpenedTitle[] = "ERROR!";
 static constexpr char fileTitle[] = "Order Log/Client Rectification";  // of what is told about the file's contents
-static constexpr char badFileText[] = "Invalid File! \nPlease Load Proper File";
-static constexpr char badFileReply[] = "Invalid File Format";
+static constexpr Message badFile = {"Invalid File! \nPlease Load Proper File", "Invalid File Format"};
+static constexpr char notReadText[] = "Error in Reading File";
+static constexpr Message headerNotRead = {notReadText, notReadText};
 
 static constexpr char notLoadedTitle[] = "ORDERLOG PRINTING";
 static constexpr char inProgress[] = "OrderLog Printing in progress. Please Wait ...";
@@ -44,7 +45,6 @@ static constexpr char noClientRectificationText[] =
 static constexpr char notCountedText[] = "Error In Calculating No Of Records";
 static constexpr char noMemoryTitle[] = "Error";
 static constexpr char noMemoryText[] = "OrderLog Data : Memory Allocation Failure";
-static constexpr char notReadText[] = "Error in Reading File";
 static constexpr char zeroRecordsText[] = "Zero Records present in the File !!";
 
 static constexpr LinesPerPageRule linesRule = {
@@ -173,9 +173,8 @@ static void onCancel(FormHandle form) {
 }
 
 // The file just opened is none of an order log's.
-static void refuseFile(FormHandle form, const char* text) {
-  boxShow(form, fileTitle, text, BoxIcon::error);
-  showReply(form, IDC_ORDLOG_REPLY, badFileReply);
+static void refuseFile(FormHandle form, const Message& message) {
+  showMessage(form, IDC_ORDLOG_REPLY, fileTitle, message, BoxIcon::error);
   onCancel(form);
 }
 
@@ -204,12 +203,12 @@ static void onLoad(FormHandle form) {
   TradeHeader& header = state.header;
   if (!inputRead(*state.input, &header, sizeof header)) {
     // A file that is long enough and all the same gives no header is no bad file: its device failed.
-    return refuseFile(form, whyNoHeader(*state.input) == NoHeader::notRead ? notReadText : badFileText);
+    return refuseFile(form, whyNoHeader(*state.input) == NoHeader::notRead ? headerNotRead : badFile);
   }
   applyDateRule(header.century, header.year, header.month, header.day, DateRuleSlot::orderLog);
   state.fileTypeLetter = header.kind;
   const bool isConsolidated = isConsolidatedOrderLog(header);
-  if (!isConsolidated && !isOrderLog(header)) return refuseFile(form, badFileText);
+  if (!isConsolidated && !isOrderLog(header)) return refuseFile(form, badFile);
   state.orderRec112 = !isConsolidated && orderRec112(header, fileSelection.isLendingFile);
   showLoaded(form, isConsolidated);
 }
@@ -302,8 +301,7 @@ static bool requireRecords(FormHandle form, const Options& options) {
     state.excludedCount = countExcludedOrders(static_cast<const OrderRec136*>(state.block), state.count, options.logChoice);
   }
   if (state.count != state.excludedCount) return true;
-  boxShow(form, fileTitle, zeroRecordsText, BoxIcon::error);
-  showReply(form, IDC_ORDLOG_REPLY, zeroRecordsText);
+  reportOnReplyAndBox(form, IDC_ORDLOG_REPLY, fileTitle, zeroRecordsText, BoxIcon::error);
   return false;
 }
 
@@ -390,7 +388,7 @@ static void endRun(FormHandle form, RunEnd end) {
   const bool written = closeAllStreams();
   freeBlocks();
   if (written) showReply(form, IDC_ORDLOG_REPLY, completeText);
-  showEndOfRun(form, IDC_ORDLOG_REPLY, completeTitle, completeText, written);
+  showEndOfRun(form, IDC_ORDLOG_REPLY, written ? completeTitle : outputTitle, completeText, written);
   enableControls(form);
   resetForm(form);
 }

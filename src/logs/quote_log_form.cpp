@@ -219,8 +219,7 @@ static bool readRecords(FormHandle form) {
 
 static bool requireRecords(FormHandle form) {
   if (state.count > 0) return true;
-  boxShow(form, fileTitle, zeroRecordsText, BoxIcon::error);
-  showReply(form, IDC_QUOTELOG_REPLY, zeroRecordsText);
+  reportOnReplyAndBox(form, IDC_QUOTELOG_REPLY, fileTitle, zeroRecordsText, BoxIcon::error);
   return false;
 }
 
@@ -267,7 +266,7 @@ static void endRun(FormHandle form, RunEnd end) {
   if (end != RunEnd::printed) return onCancel(form);
   const bool written = closeAllStreams();
   if (written) showReply(form, IDC_QUOTELOG_REPLY, completeText);
-  showEndOfRun(form, IDC_QUOTELOG_REPLY, completeTitle, completeText, written);
+  showEndOfRun(form, IDC_QUOTELOG_REPLY, written ? completeTitle : outputTitle, completeText, written);
   enableControls(form);
   resetForm(form);
 }
