@@ -17,6 +17,7 @@
 #include "logs/order_log_file.h"
 #include "logs/order_log_report.h"
 #include "resource.h"
+#include "text/encoding.h"
 #include "text/print.h"
 #include "text/record_order.h"
 
@@ -120,7 +121,7 @@ struct Options {
 
 struct OrderLogForm {
   std::string inputPath;  // empty until a file is chosen
-  std::string fileTitle;  // its name without the folder
+  std::string fileTitle;  // its name without the folder, as a box shows it
   bool logLoaded;
   char fileTypeLetter;  // the header's second
   bool orderRec112;
@@ -197,7 +198,7 @@ static void onLoad(FormHandle form) {
   showReply(form, IDC_ORDLOG_REPLY, "");
   loadFile(loadOrderLog, LoadVariant::standard, form, state.inputPath);
   if (state.inputPath.empty()) return;
-  state.fileTitle = fileSelection.fileTitle;
+  state.fileTitle = bytesFromUtf8(fileSelection.fileTitle);
   if (!openInputStream(form, streamTexts, state.inputPath, state.input)) return state.inputPath.clear();
 
   TradeHeader& header = state.header;

@@ -13,6 +13,7 @@
 #include "logs/quote_log_file.h"
 #include "logs/quote_log_report.h"
 #include "resource.h"
+#include "text/encoding.h"
 #include "text/print.h"
 #include "text/record_order.h"
 
@@ -98,7 +99,7 @@ struct Options {
 
 struct QuoteLogForm {
   std::string inputPath;  // empty until a file is chosen
-  std::string fileTitle;  // its name without the folder
+  std::string fileTitle;  // its name without the folder, as a box shows it
   bool loaded;
   TradeHeader header;
   Input* input;  // open from Load on
@@ -155,7 +156,7 @@ static void onLoad(FormHandle form) {
   showReply(form, IDC_QUOTELOG_REPLY, "");
   loadFile(loadQuoteLog, LoadVariant::standard, form, state.inputPath);
   if (state.inputPath.empty()) return;
-  state.fileTitle = fileSelection.fileTitle;
+  state.fileTitle = bytesFromUtf8(fileSelection.fileTitle);
   if (!openInputStream(form, streamTexts, state.inputPath, state.input)) return resetForm(form);
 
   if (!inputRead(*state.input, &state.header, sizeof state.header)) {
