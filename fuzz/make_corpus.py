@@ -12,9 +12,11 @@ FORMS = {
     "trades": ["TR*", "STR*", "TO*", "CT*"],
     "net_position": ["TR*", "CT*"],
     "slb_position": ["STR*"],
-    "broker_query": ["B[Rrb]*", "SB*", "BB*", "CB*"],
+    "broker_query": ["B[Rrb]*", "BB*", "CB*"],
     "touchlines": ["*.SAV", "*.SSAV"],
     "trader_limits": ["*.TRD", "*.TSL", "*.STRD", "*.STSL"],
+    "order_log": ["OR*.LOG", "SOR*.LOG", "BO*.BIN", "SBO*.BIN"],
+    "quote_log": ["QO*.LOG"],
 }
 # What stands at the end of an input, last byte first: name, pressed (4 bytes), answers, lines, fault kind and number, moves.
 CHOICES = [

@@ -293,18 +293,18 @@ def orders112(seed, count):
 
 
 def orders136(seed, count, trn, sides="BS"):
-    """Every sixth event is the rectification of a client, every seventh that of a client type."""
+    """Every sixth event, from the third on, rectifies a client id; every seventh, from the fourth on, a client type."""
     chance = Chance(seed)
     records = []
     for i, time in enumerate(times(chance, count)):
         fields = orderEvent(chance, i, trn, sides)
         newClient, newKind = chance.of(CLIENTS)
-        if i % 6 == 5:
+        if i % 6 == 2:
             fields.update(tradeId=100001 + 3 * i, newClientId=newClient, actionCode=19, message="Client id changed")
-            if i % 4 == 3:
+            if i % 4 == 0:
                 fields.update(actionCode=20, message="Client id is not registered")
             records.append(clientRectification(time=time, **fields))
-        elif i % 7 == 6:
+        elif i % 7 == 3:
             fields.update(tradeId=100001 + 3 * i, newClientType=TYPE_CODES[newKind], actionCode=21,
                           message="Client type changed")
             records.append(typeRectification(time=time, **fields))

@@ -131,7 +131,7 @@ struct OrderLogForm {
   std::size_t count;
   std::size_t excludedCount;  // records of the choices that were not chosen
   void* block;                // the records of this run and a zero one behind them
-  // Blocks of prints that failed: they go with the end of the next one that does not.
+  // Blocks of prints that failed: they go with the end of the next one that does not, or with the form.
   std::vector<void*> blocksLeft;
 };
 
@@ -214,8 +214,16 @@ static void onLoad(FormHandle form) {
   showLoaded(form, isConsolidated);
 }
 
+static void freeBlocks() {
+  memoryFree(state.block);
+  state.block = nullptr;
+  for (void* block : state.blocksLeft) memoryFree(block);
+  state.blocksLeft.clear();
+}
+
 static void onDestroyed(FormHandle) {
   if (state.input) inputClose(state.input);  // a file that was loaded and not printed
+  freeBlocks();
 }
 
 // ---- A run ------------------------------------------------------------------------------------------------------------
@@ -366,13 +374,6 @@ static RunEnd printFile(FormHandle form, const Options& options) {
   showInformation(form, options);
   writeReport(options, linesPerPage, order);
   return RunEnd::printed;
-}
-
-static void freeBlocks() {
-  memoryFree(state.block);
-  state.block = nullptr;
-  for (void* block : state.blocksLeft) memoryFree(block);
-  state.blocksLeft.clear();
 }
 
 // The block of a print that failed stays taken.
