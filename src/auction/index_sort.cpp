@@ -122,7 +122,7 @@ bool equalOn(const RecordKey& key, const char* a, const char* b) {
 }
 
 // Numbers the records by their keys, equal ones alike, with the group ahead of the number. `order` is that of the keys.
-void fillRanks(const Sorting& sorting, const Records& records, const unsigned char* groups, const RecordKey& first,
+void fillRanks(const Sorting& sorting, const Records& records, const IndexGroups& groups, const RecordKey& first,
                const RecordKey& second) {
   const char* const bytes = static_cast<const char*>(records.bytes);
   std::uint64_t rank = 0;
@@ -132,7 +132,8 @@ void fillRanks(const Sorting& sorting, const Records& records, const unsigned ch
     const char* const record = bytes + position * records.size;
     if (previous && !(equalOn(first, previous, record) && equalOn(second, previous, record))) ++rank;
     previous = record;
-    const std::uint64_t grouped = (std::uint64_t{groups ? groups[position] : 0u} << 32) | rank;
+    const unsigned char place = groups.letters ? groups.place(groups.letters[position]) : 0;
+    const std::uint64_t grouped = (std::uint64_t{place} << 32) | rank;
     sorting.nodes[sorting.leaves + position] = {grouped, grouped};
   }
   for (std::size_t i = records.count; i < sorting.leaves; ++i) sorting.nodes[sorting.leaves + i] = nothing;
@@ -143,7 +144,7 @@ void fillRanks(const Sorting& sorting, const Records& records, const unsigned ch
 
 }  // namespace
 
-bool indexSort(const Records& records, const unsigned char* groups, const RecordKey& first, const RecordKey& second,
+bool indexSort(const Records& records, const IndexGroups& groups, const RecordKey& first, const RecordKey& second,
                std::uint32_t* order) {
   std::iota(order, order + records.count, 0u);
   if (records.count < 2) return true;

@@ -12,10 +12,17 @@
 
 namespace quillon {
 
-// Fills `order` (room for records.count entries) with the positions of the records in ascending order: of `groups` first (one
-// byte a record, compared as unsigned; null: none), then of `first`, then of `second`. Keys are text, number or none. Takes 50
-// to 90 bytes a record while it sorts. False when no memory is to be had for it; `order` then holds the file's order.
-[[nodiscard]] bool indexSort(const Records& records, const unsigned char* groups, const RecordKey& first,
-                             const RecordKey& second, std::uint32_t* order);
+// The group of each record, kept beside the records, and how groups follow each other.
+struct IndexGroups {
+  const char* letters;                  // one a record; null: there are no groups
+  unsigned char (*place)(char letter);  // groups of one place are sorted as one
+};
+inline constexpr IndexGroups noGroups = {nullptr, nullptr};
+
+// Fills `order` (room for records.count entries) with the positions of the records in ascending order: of `groups` first, then
+// of `first`, then of `second`. Keys are text, number or none. Takes 50 to 90 bytes a record while it sorts. False when no
+// memory is to be had for it; `order` then holds the file's order.
+[[nodiscard]] bool indexSort(const Records& records, const IndexGroups& groups, const RecordKey& first, const RecordKey& second,
+                             std::uint32_t* order);
 
 }  // namespace quillon

@@ -69,7 +69,7 @@ std::vector<std::uint32_t> plainOrder(const std::vector<std::int32_t>& keys) {
 
 std::vector<std::uint32_t> sortedOrder(const std::vector<std::int32_t>& keys) {
   std::vector<std::uint32_t> order(keys.size(), 77);
-  EXPECT_TRUE(indexSort({keys.data(), sizeof(std::int32_t), keys.size()}, nullptr, wholeNumber, noKey, order.data()));
+  EXPECT_TRUE(indexSort({keys.data(), sizeof(std::int32_t), keys.size()}, noGroups, wholeNumber, noKey, order.data()));
   return order;
 }
 
@@ -185,7 +185,7 @@ std::vector<std::uint32_t> offerOrder(const std::vector<Offer>& offers) {
     records[i].offerRate = offers[i].offerRate;
   }
   std::vector<std::uint32_t> order(offers.size());
-  EXPECT_TRUE(indexSort({records.data(), sizeof(OffsRec), records.size()}, nullptr,
+  EXPECT_TRUE(indexSort({records.data(), sizeof(OffsRec), records.size()}, noGroups,
                         {KeyKind::text, offsetof(OffsRec, scripName), sizeof(OffsRec::scripName)},
                         {KeyKind::number, offsetof(OffsRec, offerRate), 4}, order.data()));
   return order;
@@ -205,28 +205,39 @@ TEST(IndexSort, bytesBehindTheNulAreNoKey) {
   std::memcpy(records[0].scripName.bytes, "A\0Z", 3);
   std::memcpy(records[1].scripName.bytes, "A\0A", 3);
   std::vector<std::uint32_t> order(2);
-  ASSERT_TRUE(indexSort({records.data(), sizeof(OffsRec), 2}, nullptr,
+  ASSERT_TRUE(indexSort({records.data(), sizeof(OffsRec), 2}, noGroups,
                         {KeyKind::text, offsetof(OffsRec, scripName), sizeof(OffsRec::scripName)}, noKey, order.data()));
   EXPECT_EQ(order, (std::vector<std::uint32_t>{0, 1}));
 }
 
+unsigned char letterItself(char letter) { return static_cast<unsigned char>(letter); }
+
 TEST(IndexSort, groupsComeBeforeTheKeys) {
   const std::vector<std::int32_t> keys = {1, 2, 3, 4, 5};
-  const unsigned char groups[] = {0xc4, 'D', 'A', 'D', 'B'};
+  const char groups[] = {'\xc4', 'D', 'A', 'D', 'B'};
   std::vector<std::uint32_t> order(keys.size());
-  ASSERT_TRUE(indexSort({keys.data(), 4, keys.size()}, groups, wholeNumber, noKey, order.data()));
+  ASSERT_TRUE(indexSort({keys.data(), 4, keys.size()}, {groups, letterItself}, wholeNumber, noKey, order.data()));
   EXPECT_EQ(order, (std::vector<std::uint32_t>{2, 4, 1, 3, 0}));
+}
+
+TEST(IndexSort, groupsOfOnePlaceAreSortedAsOne) {
+  const std::vector<std::int32_t> keys = {4, 3, 2, 1, 5};
+  const char groups[] = {'C', 'B', 'C', 'B', 'A'};
+  std::vector<std::uint32_t> order(keys.size());
+  const auto place = [](char letter) { return static_cast<unsigned char>(letter == 'C' ? 'B' : letter); };
+  ASSERT_TRUE(indexSort({keys.data(), 4, keys.size()}, {groups, place}, wholeNumber, noKey, order.data()));
+  EXPECT_EQ(order, (std::vector<std::uint32_t>{4, 3, 2, 1, 0}));
 }
 
 TEST(IndexSort, groupsAndKeysTogetherStandAsTold) {
   std::mt19937 random(7);
   for (int round = 0; round < 100; ++round) {
     const std::vector<std::int32_t> keys = keysBy(random() % 200, [&](std::size_t) { return static_cast<int>(random() % 9); });
-    std::vector<unsigned char> groups(keys.size());
-    for (unsigned char& group : groups) group = static_cast<unsigned char>('A' + random() % 3);
+    std::vector<char> groups(keys.size());
+    for (char& group : groups) group = static_cast<char>('A' + random() % 3);
     const std::vector<std::int32_t> both = keysBy(keys.size(), [&](std::size_t i) { return groups[i] * 100 + keys[i]; });
     std::vector<std::uint32_t> order(keys.size());
-    ASSERT_TRUE(indexSort({keys.data(), 4, keys.size()}, groups.data(), wholeNumber, noKey, order.data()));
+    ASSERT_TRUE(indexSort({keys.data(), 4, keys.size()}, {groups.data(), letterItself}, wholeNumber, noKey, order.data()));
     ASSERT_EQ(order, plainOrder(both)) << round;
   }
 }
