@@ -1,12 +1,14 @@
 #include "auction/index_sort.h"
 
 #include <bit>
-#include <cstdlib>
+#include <cassert>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <numeric>
-#include <string_view>
 #include <utility>
+
+#include "desktop/memory.h"
 
 namespace quillon {
 namespace {
@@ -14,6 +16,9 @@ namespace {
 // The lowest and the highest rank of a stretch of the records.
 struct Extent {
   std::uint64_t low, high;
+};
+struct FreeExtents {
+  void operator()(Extent* extents) const { memoryFree(extents); }
 };
 constexpr Extent nothing = {std::numeric_limits<std::uint64_t>::max(), 0};
 
@@ -113,24 +118,26 @@ void sortRange(const Sorting& sorting, std::size_t lo, std::size_t hi) {
 
 // ---- Ranks ------------------------------------------------------------------------------------------------------------
 
-bool equalOn(const RecordKey& key, const char* a, const char* b) {
-  a += key.offset;
-  b += key.offset;
-  if (key.kind == KeyKind::none) return true;
-  if (key.kind == KeyKind::number) return std::memcmp(a, b, sizeof(std::int32_t)) == 0;
-  return std::strncmp(a, b, key.width) == 0;
+bool equalOn(std::span<const RecordKey> keys, const char* a, const char* b) {
+  for (const RecordKey& key : keys) {
+    const bool isText = key.kind == KeyKind::text;
+    assert(isText || key.kind == KeyKind::number);
+    const int difference = isText ? std::strncmp(a + key.offset, b + key.offset, key.width)
+                                  : std::memcmp(a + key.offset, b + key.offset, sizeof(std::int32_t));
+    if (difference != 0) return false;
+  }
+  return true;
 }
 
 // Numbers the records by their keys, equal ones alike, with the group ahead of the number. `order` is that of the keys.
-void fillRanks(const Sorting& sorting, const Records& records, const IndexGroups& groups, const RecordKey& first,
-               const RecordKey& second) {
+void fillRanks(const Sorting& sorting, const Records& records, const IndexGroups& groups, std::span<const RecordKey> keys) {
   const char* const bytes = static_cast<const char*>(records.bytes);
   std::uint64_t rank = 0;
   const char* previous = nullptr;
   for (std::size_t i = 0; i < records.count; ++i) {
     const std::size_t position = sorting.order[i];
     const char* const record = bytes + position * records.size;
-    if (previous && !(equalOn(first, previous, record) && equalOn(second, previous, record))) ++rank;
+    if (previous && !equalOn(keys, previous, record)) ++rank;
     previous = record;
     const unsigned char place = groups.letters ? groups.place(groups.letters[position]) : 0;
     const std::uint64_t grouped = (std::uint64_t{place} << 32) | rank;
@@ -144,22 +151,17 @@ void fillRanks(const Sorting& sorting, const Records& records, const IndexGroups
 
 }  // namespace
 
-bool indexSort(const Records& records, const IndexGroups& groups, const RecordKey& first, const RecordKey& second,
-               std::uint32_t* order) {
-  std::iota(order, order + records.count, 0u);
-  if (records.count < 2) return true;
+RecordOrder indexOrder(const Records& records, const IndexGroups& groups, std::span<const RecordKey> keys) {
+  RecordOrder order = orderOfRecords(records, keys);
+  if (!order || records.count < 2) return order;
   const std::size_t leaves = std::bit_ceil(records.count);
-  auto* const nodes = static_cast<Extent*>(std::malloc(2 * leaves * sizeof(Extent)));
-  if (!nodes) return false;
-  const Sorting sorting = {nodes, leaves, order};
-  const bool ranked = recordOrder(records, first, second, order);
-  if (ranked) {
-    fillRanks(sorting, records, groups, first, second);
-    std::iota(order, order + records.count, 0u);
-    sortRange(sorting, 0, records.count - 1);
-  }
-  std::free(nodes);
-  return ranked;
+  const std::unique_ptr<Extent[], FreeExtents> nodes(static_cast<Extent*>(memoryTakeForOrder(2 * leaves * sizeof(Extent))));
+  if (!nodes) return {};
+  const Sorting sorting = {nodes.get(), leaves, order.memory.get()};
+  fillRanks(sorting, records, groups, keys);
+  std::iota(sorting.order, sorting.order + records.count, 0u);
+  sortRange(sorting, 0, records.count - 1);
+  return order;
 }
 
 }  // namespace quillon

@@ -7,6 +7,8 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
+#include <span>
 
 #include "text/record_order.h"
 
@@ -19,10 +21,12 @@ struct IndexGroups {
 };
 inline constexpr IndexGroups noGroups = {nullptr, nullptr};
 
-// Fills `order` (room for records.count entries) with the positions of the records in ascending order: of `groups` first, then
-// of `first`, then of `second`. Keys are text, number or none. Takes 50 to 90 bytes a record while it sorts. False when no
-// memory is to be had for it; `order` then holds the file's order.
-[[nodiscard]] bool indexSort(const Records& records, const IndexGroups& groups, const RecordKey& first, const RecordKey& second,
-                             std::uint32_t* order);
+// The positions of the records in ascending order: of `groups` first, then of the keys, each a text or a number. Takes 50 to 90
+// bytes a record while it sorts. False as any RecordOrder where there is no memory for it.
+[[nodiscard]] RecordOrder indexOrder(const Records& records, const IndexGroups& groups, std::span<const RecordKey> keys);
+[[nodiscard]] inline RecordOrder indexOrder(const Records& records, const IndexGroups& groups,
+                                            std::initializer_list<RecordKey> keys) {
+  return indexOrder(records, groups, std::span<const RecordKey>(keys.begin(), keys.size()));
+}
 
 }  // namespace quillon

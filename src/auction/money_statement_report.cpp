@@ -8,13 +8,13 @@ namespace quillon {
 
 // ---- Order ------------------------------------------------------------------------------------------------------------
 
-bool moneyOrder(const MonyRec* records, const char* groups, std::size_t count, AuctionSort sort, std::uint32_t* order) {
+RecordOrder moneyOrder(const MonyRec* records, const char* groups, std::size_t count, AuctionSort sort) {
   constexpr RecordKey scripName = {KeyKind::text, offsetof(MonyRec, scripName), sizeof(MonyRec::scripName)};
   constexpr RecordKey scripCode = {KeyKind::number, offsetof(MonyRec, scripCode), sizeof(MonyRec::scripCode)};
   // B and C stand side by side in the order of their scrips.
   const auto section = [](char group) { return static_cast<unsigned char>(group == 'C' ? 'B' : group); };
-  return indexSort({records, sizeof *records, count}, {groups, section}, sort == AuctionSort::scripCode ? scripCode : scripName,
-                   {KeyKind::none, 0, 0}, order);
+  return indexOrder({records, sizeof *records, count}, {groups, section},
+                    {sort == AuctionSort::scripCode ? scripCode : scripName});
 }
 
 // ---- Sums -------------------------------------------------------------------------------------------------------------

@@ -18,15 +18,13 @@ namespace quillon {
 struct MoneyRecords {
   const MonyRec* records;
   const char* groups;          // of moneyGroup, one beside each record
-  const std::uint32_t* order;  // positions, sorted by moneyOrder
+  const std::uint32_t* order;  // positions, of moneyOrder
   std::size_t count;
 };
 
-// Fills `order` with the positions in the order of the statement: A, then B and C mixed, then D, O and Z, each by scrip name
-// or scrip code. `groups` is the one of each record. A sort that the statement does not have is taken as scrip name. False
-// when no memory is to be had for it.
-[[nodiscard]] bool moneyOrder(const MonyRec* records, const char* groups, std::size_t count, AuctionSort sort,
-                              std::uint32_t* order);
+// The order of the statement: A, then B and C mixed, then D, O and Z, each by scrip name or scrip code. A sort that the
+// statement does not have is taken as scrip name. `groups` is the one of each record.
+[[nodiscard]] RecordOrder moneyOrder(const MonyRec* records, const char* groups, std::size_t count, AuctionSort sort);
 
 // An amount in paise, to be paid ('D', as it is at the start) or received ('C').
 struct MoneyNet {

@@ -1,5 +1,6 @@
 #include "auction/offer_status_report.h"
 
+#include "auction/index_sort.h"
 #include "text/print.h"
 
 namespace quillon {
@@ -14,11 +15,12 @@ struct OfferSums {
 
 }  // namespace
 
-OfferSortKeys offerSortKeys(AuctionSort sort) {
+RecordOrder offerOrder(const OffsRec* records, std::size_t count, AuctionSort sort) {
   constexpr RecordKey scripName = {KeyKind::text, offsetof(OffsRec, scripName), sizeof(OffsRec::scripName)};
   constexpr RecordKey scripCode = {KeyKind::number, offsetof(OffsRec, scripCode), sizeof(OffsRec::scripCode)};
   constexpr RecordKey offerRate = {KeyKind::number, offsetof(OffsRec, offerRate), sizeof(OffsRec::offerRate)};
-  return {sort == AuctionSort::scripCode ? scripCode : scripName, offerRate};
+  return indexOrder({records, sizeof *records, count}, noGroups,
+                    {sort == AuctionSort::scripCode ? scripCode : scripName, offerRate});
 }
 
 // clang-format off

@@ -16,11 +16,8 @@ namespace quillon {
 
 enum class OfferHeading { offerStatus, moneyStatement };
 
-struct OfferSortKeys {
-  RecordKey first, second;
-};
 // By scrip name or scrip code, then by the offer's rate. A sort that the statement does not have is taken as scrip name.
-OfferSortKeys offerSortKeys(AuctionSort sort);
+[[nodiscard]] RecordOrder offerOrder(const OffsRec* records, std::size_t count, AuctionSort sort);
 
 struct Offers {
   const OffsRec* records;

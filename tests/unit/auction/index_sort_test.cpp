@@ -53,7 +53,6 @@ void plainSort(long lo, long hi, const Compare& compare, const Swap& swap) {
   }
 }
 
-constexpr RecordKey noKey = {KeyKind::none, 0, 0};
 constexpr RecordKey wholeNumber = {KeyKind::number, 0, 4};
 
 std::vector<std::uint32_t> plainOrder(const std::vector<std::int32_t>& keys) {
@@ -67,10 +66,14 @@ std::vector<std::uint32_t> plainOrder(const std::vector<std::int32_t>& keys) {
   return order;
 }
 
+std::vector<std::uint32_t> orderOf(const Records& records, const IndexGroups& groups, std::initializer_list<RecordKey> keys) {
+  const RecordOrder order = indexOrder(records, groups, keys);
+  EXPECT_TRUE(order);
+  return {order.positions().begin(), order.positions().end()};
+}
+
 std::vector<std::uint32_t> sortedOrder(const std::vector<std::int32_t>& keys) {
-  std::vector<std::uint32_t> order(keys.size(), 77);
-  EXPECT_TRUE(indexSort({keys.data(), sizeof(std::int32_t), keys.size()}, noGroups, wholeNumber, noKey, order.data()));
-  return order;
+  return orderOf({keys.data(), sizeof(std::int32_t), keys.size()}, noGroups, {wholeNumber});
 }
 
 std::vector<std::int32_t> keysBy(std::size_t count, const std::function<std::int32_t(std::size_t)>& keyAt) {
@@ -184,11 +187,9 @@ std::vector<std::uint32_t> offerOrder(const std::vector<Offer>& offers) {
     fieldSet(records[i].scripName, offers[i].scripName);
     records[i].offerRate = offers[i].offerRate;
   }
-  std::vector<std::uint32_t> order(offers.size());
-  EXPECT_TRUE(indexSort({records.data(), sizeof(OffsRec), records.size()}, noGroups,
-                        {KeyKind::text, offsetof(OffsRec, scripName), sizeof(OffsRec::scripName)},
-                        {KeyKind::number, offsetof(OffsRec, offerRate), 4}, order.data()));
-  return order;
+  return orderOf({records.data(), sizeof(OffsRec), records.size()}, noGroups,
+                 {{KeyKind::text, offsetof(OffsRec, scripName), sizeof(OffsRec::scripName)},
+                  {KeyKind::number, offsetof(OffsRec, offerRate), 4}});
 }
 
 TEST(IndexSort, secondKeyDecidesWhereTheFirstIsEqual) {
@@ -204,10 +205,22 @@ TEST(IndexSort, bytesBehindTheNulAreNoKey) {
   std::vector<OffsRec> records(2);
   std::memcpy(records[0].scripName.bytes, "A\0Z", 3);
   std::memcpy(records[1].scripName.bytes, "A\0A", 3);
-  std::vector<std::uint32_t> order(2);
-  ASSERT_TRUE(indexSort({records.data(), sizeof(OffsRec), 2}, noGroups,
-                        {KeyKind::text, offsetof(OffsRec, scripName), sizeof(OffsRec::scripName)}, noKey, order.data()));
-  EXPECT_EQ(order, (std::vector<std::uint32_t>{0, 1}));
+  EXPECT_EQ(orderOf({records.data(), sizeof(OffsRec), 2}, noGroups,
+                    {{KeyKind::text, offsetof(OffsRec, scripName), sizeof(OffsRec::scripName)}}),
+            (std::vector<std::uint32_t>{0, 1}));
+}
+
+// A sort asks for memory three times: its result, the sort of the keys, and its ranks.
+TEST(IndexSort, fail_noMemory) {
+  const Faults faults;
+  const std::vector<std::int32_t> keys = {3, 1, 2};
+  for (std::size_t ask = 1; ask <= 3; ++ask) {
+    faultsArm(Fault::order, ask, false);
+    const RecordOrder order = indexOrder({keys.data(), 4, keys.size()}, noGroups, {wholeNumber});
+    EXPECT_FALSE(order) << ask;
+    EXPECT_TRUE(order.positions().empty()) << ask;
+  }
+  EXPECT_EQ(sortedOrder(keys), (std::vector<std::uint32_t>{1, 2, 0}));
 }
 
 unsigned char letterItself(char letter) { return static_cast<unsigned char>(letter); }
@@ -215,18 +228,16 @@ unsigned char letterItself(char letter) { return static_cast<unsigned char>(lett
 TEST(IndexSort, groupsComeBeforeTheKeys) {
   const std::vector<std::int32_t> keys = {1, 2, 3, 4, 5};
   const char groups[] = {'\xc4', 'D', 'A', 'D', 'B'};
-  std::vector<std::uint32_t> order(keys.size());
-  ASSERT_TRUE(indexSort({keys.data(), 4, keys.size()}, {groups, letterItself}, wholeNumber, noKey, order.data()));
-  EXPECT_EQ(order, (std::vector<std::uint32_t>{2, 4, 1, 3, 0}));
+  EXPECT_EQ(orderOf({keys.data(), 4, keys.size()}, {groups, letterItself}, {wholeNumber}),
+            (std::vector<std::uint32_t>{2, 4, 1, 3, 0}));
 }
 
 TEST(IndexSort, groupsOfOnePlaceAreSortedAsOne) {
   const std::vector<std::int32_t> keys = {4, 3, 2, 1, 5};
   const char groups[] = {'C', 'B', 'C', 'B', 'A'};
-  std::vector<std::uint32_t> order(keys.size());
   const auto place = [](char letter) { return static_cast<unsigned char>(letter == 'C' ? 'B' : letter); };
-  ASSERT_TRUE(indexSort({keys.data(), 4, keys.size()}, {groups, place}, wholeNumber, noKey, order.data()));
-  EXPECT_EQ(order, (std::vector<std::uint32_t>{4, 3, 2, 1, 0}));
+  EXPECT_EQ(orderOf({keys.data(), 4, keys.size()}, {groups, place}, {wholeNumber}),
+            (std::vector<std::uint32_t>{4, 3, 2, 1, 0}));
 }
 
 TEST(IndexSort, groupsAndKeysTogetherStandAsTold) {
@@ -236,9 +247,7 @@ TEST(IndexSort, groupsAndKeysTogetherStandAsTold) {
     std::vector<char> groups(keys.size());
     for (char& group : groups) group = static_cast<char>('A' + random() % 3);
     const std::vector<std::int32_t> both = keysBy(keys.size(), [&](std::size_t i) { return groups[i] * 100 + keys[i]; });
-    std::vector<std::uint32_t> order(keys.size());
-    ASSERT_TRUE(indexSort({keys.data(), 4, keys.size()}, {groups.data(), letterItself}, wholeNumber, noKey, order.data()));
-    ASSERT_EQ(order, plainOrder(both)) << round;
+    ASSERT_EQ(orderOf({keys.data(), 4, keys.size()}, {groups.data(), letterItself}, {wholeNumber}), plainOrder(both)) << round;
   }
 }
 

@@ -23,13 +23,13 @@ std::string caseStatement(const MoneyCase& c, MoneyTotals* totals = nullptr) {
   const AuctionStatement statement = {c.header, c.market, "05/06/2009", c.linesPerPage};
   const std::vector<MonyRec> records = moneyRecords(c.entries);
   const std::vector<char> groups = groupsOf(records);
-  std::vector<std::uint32_t> order(records.size());
-  EXPECT_TRUE(moneyOrder(records.data(), groups.data(), records.size(), c.sort, order.data()));
+  const RecordOrder order = moneyOrder(records.data(), groups.data(), records.size(), c.sort);
+  EXPECT_TRUE(order);
   const std::vector<OffsRec> offers = offerRecords(c.offers);
   std::string text;
   Output* out = outputToMemory(&text);
   MoneyTotals sums;
-  int page = printMoneySections(*out, statement, {records.data(), groups.data(), order.data(), records.size()}, sums);
+  int page = printMoneySections(*out, statement, {records.data(), groups.data(), order.memory.get(), records.size()}, sums);
   page = printMoneyOffers(*out, statement, {offers.data(), offers.size(), nullptr}, page);
   printMoneyNetPosition(*out, statement, sums, page);
   EXPECT_TRUE(outputClose(out));
@@ -61,9 +61,9 @@ TEST(MoneyStatement, pagesStandAsApproved) {
 std::vector<std::uint32_t> orderOf(const std::vector<Entry>& entries, AuctionSort sort) {
   const std::vector<MonyRec> records = moneyRecords(entries);
   const std::vector<char> groups = groupsOf(records);
-  std::vector<std::uint32_t> order(records.size());
-  EXPECT_TRUE(moneyOrder(records.data(), groups.data(), records.size(), sort, order.data()));
-  return order;
+  const RecordOrder order = moneyOrder(records.data(), groups.data(), records.size(), sort);
+  EXPECT_TRUE(order);
+  return {order.positions().begin(), order.positions().end()};
 }
 
 const std::vector<Entry> mixedEntries = {

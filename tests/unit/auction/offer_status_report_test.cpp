@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "auction/index_sort.h"
 #include "auction/statement_cases.h"
 #include "support/approved.h"
 
@@ -14,10 +13,9 @@ namespace quillon::test {
 namespace {
 
 std::vector<std::uint32_t> sortedOffers(const std::vector<OffsRec>& records, AuctionSort sort) {
-  std::vector<std::uint32_t> order(records.size());
-  const OfferSortKeys keys = offerSortKeys(sort);
-  EXPECT_TRUE(indexSort({records.data(), sizeof(OffsRec), records.size()}, noGroups, keys.first, keys.second, order.data()));
-  return order;
+  const RecordOrder order = offerOrder(records.data(), records.size(), sort);
+  EXPECT_TRUE(order);
+  return {order.positions().begin(), order.positions().end()};
 }
 
 std::string offerStatus(const OfferCase& c, int firstPage = 1, int* lastPage = nullptr) {
