@@ -1,5 +1,6 @@
 #include "report_forms.h"
 
+#include "auction/auction_form.h"
 #include "brokerquery/broker_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
@@ -14,6 +15,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTNP", netPositionFormEvent},
     {"PRNTNPRET", slbPositionFormEvent},
     {"PRNTBRKREP", brokerQueryFormEvent},
+    {"AUCRPT", auctionFormEvent},
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
 };
