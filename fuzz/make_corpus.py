@@ -14,6 +14,7 @@ FORMS = {
     "slb_position": ["STR*"],
     "broker_query": ["B[Rrb]*", "SB*", "BB*", "CB*"],
     "touchlines": ["*.SAV", "*.SSAV"],
+    "auction": ["MONY*", "OFFS*"],
     "trader_limits": ["*.TRD", "*.TSL", "*.STRD", "*.STSL"],
 }
 # What stands at the end of an input, last byte first: name, pressed (4 bytes), answers, lines, fault kind and number, moves.
