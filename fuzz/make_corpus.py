@@ -15,6 +15,7 @@ FORMS = {
     "broker_query": ["B[Rrb]*", "SB*", "BB*", "CB*"],
     "touchlines": ["*.SAV", "*.SSAV"],
     "auction": ["MONY*", "OFFS*"],
+    "admin_log": ["Ad*.adl", "SAd*.adl"],
     "trader_limits": ["*.TRD", "*.TSL", "*.STRD", "*.STSL"],
 }
 # What stands at the end of an input, last byte first: name, pressed (4 bytes), answers, lines, fault kind and number, moves.

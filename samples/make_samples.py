@@ -12,6 +12,8 @@ sys.path.insert(0, os.path.join(HERE, "..", "tests", "tools"))
 
 from workfiles import (  # noqa: E402
     auctionHeader, broker132, broker160, delimited, header, kestoBroker, kestoTrade, lines, mony, offs, trade132, trade144, write)
+    activity, adminLog, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, scripLimit, trade132, trade144,
+    traderLimit, write)
 
 # code, symbol, group, price in rupees around which it trades
 SCRIPS = (
@@ -326,6 +328,60 @@ def makeAuctionFiles(folder):
     make("0101.215", 41, "A215", 215, 50, (), 24)
     make("0201.007", 42, "X007", 7, 24, entitlements, 8)
     make("2505.S12", 43, "S12", 12, 16, (), 6)
+REPLIES = ("LIMIT ACCEPTED", "LIMIT ACCEPTED", "LIMIT ACCEPTED", "Trader has no rights in this scrip\r\n",
+           "Limit is below what the trader has used already")
+
+
+def adminTraders(seed, count):
+    chance = Chance(seed)
+    found = []
+    for time in times(chance, count):
+        number = 1 + chance.below(len(TRADERS))
+        flags = "".join(chance.of("YYYN") for _ in range(17)).encode()
+        limits = dict(grBuy=5 * chance.below(400), grSell=5 * chance.below(400), netVal=5 * chance.below(900),
+                      netBuyQty=500 * chance.below(4000), netSellQty=500 * chance.below(4000),
+                      singleOrdQty=500 * chance.below(200), singleOrdVal=chance.below(80))
+        alias = TRADERS[number - 1] + chance.of(("", "", "-WEST", "-NORTH"))
+        found.append(traderLimit(time, traderNo=number, alias=alias, flags=flags, opCode=chance.of((9, 10, 12, 16)),
+                                 message=chance.of(REPLIES), **limits))
+    return found
+
+
+def adminScrips(seed, count):
+    chance = Chance(seed)
+    found = []
+    for time in times(chance, count):
+        code, symbol, _, _ = chance.of(SCRIPS)
+        found.append(scripLimit(time, traderId=1 + chance.below(12), scripCode=code, scripId=symbol, opCode=chance.of((9, 10, 11)),
+                                buyLimit=500 * chance.below(2000), sellLimit=500 * chance.below(2000),
+                                message=chance.of(REPLIES)))
+    return found
+
+
+def adminGroups(seed, count):
+    chance = Chance(seed)
+    return [groupLimit(time, traderId=1 + chance.below(12), groupName=chance.of(("A", "B1", "B2", "T")), buyLimit=5 * chance.below(900),
+                       sellLimit=5 * chance.below(900), opCode=chance.of((9, 10, 11)), message=chance.of(REPLIES[:3]))
+            for time in times(chance, count)]
+
+
+def adminActivities(seed, count):
+    chance = Chance(seed)
+    found = []
+    for time in times(chance, count):
+        kind, old, new, reply = chance.of((("PASSWORD CHANGE", "MARIGOLD", "HIBISCUS", "PASSWORD CHANGED"),
+                                           ("LOGON", "", "", "Logged on"), ("TRADER SUSPENDED", "", "", "ACCEPTED"),
+                                           ("PASSWORD RESET", "", "JASMINE1", "PASSWORD RESET\r\n")))
+        found.append(activity(time, traderId=1 + chance.below(12), oprType=kind, oldPwd=old, newPwd=new, message=reply))
+    return found
+
+
+def makeAdminLogFiles(folder):
+    def make(name, date, *sections):
+        write(os.path.join(folder, name), adminLog(*sections, memberId=MEMBER, date=date))
+
+    make("Ad010109.adl", "01/01/2009", adminTraders(41, 12), adminScrips(42, 30), adminGroups(43, 8), adminActivities(44, 10))
+    make("SAd250509.adl", "25/05/2009", adminTraders(45, 6), adminScrips(46, 9), [], adminActivities(47, 4))
 
 
 if __name__ == "__main__":
@@ -335,3 +391,4 @@ if __name__ == "__main__":
     makeTouchlineFiles(folder)
     makeTraderLimitsFiles(folder)
     makeAuctionFiles(folder)
+    makeAdminLogFiles(folder)

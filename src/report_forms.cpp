@@ -2,6 +2,7 @@
 
 #include "auction/auction_form.h"
 #include "brokerquery/broker_form.h"
+#include "logs/admin_log_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
 #include "position/position_form.h"
@@ -18,6 +19,7 @@ static constexpr FormEntry entries[] = {
     {"AUCRPT", auctionFormEvent},
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
+    {"PRNTADMINLOG", adminLogFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

@@ -202,6 +202,12 @@ std::size_t inputReadRecords(Input& input, void* block, std::size_t size, std::s
   return whole;
 }
 
+bool inputSkip(Input& input, std::int64_t size) {
+  if (size < 0) return false;
+  const auto bytes = static_cast<std::size_t>(size);
+  return takeBytes(input, nullptr, bytes) == bytes;
+}
+
 bool inputReadPiece(Input& input, char* buffer, std::size_t limit, std::size_t* length) {
   if (limit == 0) return false;
   const bool granted = fileReadGranted(input.file, 1) == 1;

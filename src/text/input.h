@@ -39,6 +39,9 @@ void inputHold(Input*& holder);
 // did); the failing record's bytes in the block are zero and are passed over in the file.
 [[nodiscard]] std::size_t inputReadRecords(Input& input, void* block, std::size_t size, std::size_t count);
 
+// Passes over `size` bytes of a binary file without asking for a record. False where the file ends before.
+[[nodiscard]] bool inputSkip(Input& input, std::int64_t size);
+
 // The next piece of a text file, as fgets with a buffer of `limit` takes it: at most limit - 1 characters, up to and with the
 // line feed, then a NUL. False at the end of the file or when the read fails. `length` (may be null) is the piece's length,
 // so that a NUL inside it can be told; with a false it is the number of characters passed over, which is 0 at the end of the

@@ -17,7 +17,7 @@ import struct
 
 
 class Layout:
-    """Fields by (name, offset, width, kind); kind is "number", "text", "char" or "double"."""
+    """Fields by (name, offset, width, kind); kind is "number", "real", "text" or "char"."""
 
     def __init__(self, size, *fields):
         self.size = size
@@ -39,7 +39,7 @@ class Layout:
 def encode(value, width, kind):
     if kind == "number":
         return (value & ((1 << (8 * width)) - 1)).to_bytes(width, "little")
-    if kind == "double":
+    if kind == "real":
         return struct.pack("<d", value)
     raw = value if isinstance(value, bytes) else value.encode("cp1252")
     if kind == "char":
@@ -245,7 +245,7 @@ OFFS = Layout(
     ("qtyOffered", 22, 4, "number"),
     ("highestOfferRateAccepted", 26, 4, "number"),
     ("qtyAccepted", 30, 4, "number"),
-    ("creditValue", 34, 8, "double"),  # paise
+    ("creditValue", 34, 8, "real"),  # paise
     ("stdRate", 42, 4, "number"),
     ("closedOutRate", 46, 4, "number"),
     ("clientId", 50, 12, "text"),
@@ -276,6 +276,81 @@ ENTL = Layout(
     ("closingRate", 74, 4, "number"),
     ("entitlementRate", 78, 4, "number"),
     ("reason", 82, 2, "number"),
+)
+
+
+ADMIN_HEADER = Layout(
+    36,
+    ("memberId", 0, 4, "number"),
+    ("traderLimitCount", 4, 4, "number"),
+    ("scripLimitCount", 8, 4, "number"),
+    ("groupLimitCount", 12, 4, "number"),
+    ("activityCount", 16, 4, "number"),
+    ("day", 20, 2, "number"),
+    ("month", 22, 2, "number"),
+    ("century", 24, 2, "number"),
+    ("yearOfCentury", 26, 2, "number"),
+    ("hour", 28, 2, "number"),
+    ("minute", 30, 2, "number"),
+    ("second", 32, 2, "number"),
+)
+
+TRADER_LIMIT = Layout(
+    122,
+    ("traderNo", 0, 4, "number"),
+    ("alias", 4, 12, "text"),
+    ("flags", 16, 17, "text"),  # utr active ol bt resFlag1 sl 6a7a mq resFlag2 auc blockD cd resFlag3 clRec resFlag4 uql ugl
+    ("hour", 33, 1, "number"),
+    ("minute", 34, 1, "number"),
+    ("second", 35, 1, "number"),
+    ("opCode", 42, 2, "number"),
+    ("grBuy", 46, 4, "number"),
+    ("grSell", 50, 4, "number"),
+    ("netVal", 54, 4, "number"),
+    ("netBuyQty", 58, 4, "number"),
+    ("netSellQty", 62, 4, "number"),
+    ("singleOrdQty", 66, 4, "number"),
+    ("singleOrdVal", 70, 4, "number"),
+    ("message", 74, 48, "text"),
+)
+
+SCRIP_LIMIT = Layout(
+    88,
+    ("traderId", 0, 4, "number"),
+    ("scripCode", 4, 4, "number"),
+    ("buyLimit", 8, 4, "number"),
+    ("sellLimit", 12, 4, "number"),
+    ("scripId", 16, 12, "text"),
+    ("hour", 28, 1, "number"),
+    ("minute", 29, 1, "number"),
+    ("second", 30, 1, "number"),
+    ("opCode", 36, 2, "number"),
+    ("message", 40, 48, "text"),
+)
+
+GROUP_LIMIT = Layout(
+    84,
+    ("traderId", 0, 4, "number"),
+    ("buyLimit", 4, 8, "real"),
+    ("sellLimit", 12, 8, "real"),
+    ("hour", 20, 1, "number"),
+    ("minute", 21, 1, "number"),
+    ("second", 22, 1, "number"),
+    ("groupName", 26, 3, "text"),
+    ("message", 29, 48, "text"),
+    ("opCode", 80, 2, "number"),
+)
+
+ACTIVITY = Layout(
+    100,
+    ("traderId", 0, 4, "number"),
+    ("oprType", 4, 20, "text"),
+    ("oldPwd", 24, 11, "text"),
+    ("newPwd", 35, 11, "text"),
+    ("hour", 46, 1, "number"),
+    ("minute", 47, 1, "number"),
+    ("second", 48, 1, "number"),
+    ("message", 52, 48, "text"),
 )
 
 
@@ -376,6 +451,47 @@ def entl(**fields):
                   bdcNo=4507, entitlementType="DI", closingRate=18435, entitlementRate=500, reason=1)
     values.update(fields)
     return ENTL.pack(values)
+
+
+def clockFields(time):
+    hour, minute, second = (int(part) for part in time.split(":"))
+    return dict(hour=hour, minute=minute, second=second)
+
+
+def traderLimit(time="10:15:30", **fields):
+    values = dict(clockFields(time), traderNo=7, alias="ANAND", flags=b"YYNNYNYYNYNYNYNYN", opCode=9, grBuy=25, grSell=30, netVal=50,
+                  netBuyQty=1000, netSellQty=2000, singleOrdQty=500, singleOrdVal=5, message="LIMIT ACCEPTED")
+    values.update(fields)
+    return TRADER_LIMIT.pack(values)
+
+
+def scripLimit(time="10:15:30", **fields):
+    values = dict(clockFields(time), traderId=7, scripCode=500010, buyLimit=1000, sellLimit=2000, scripId="AXLE", opCode=9,
+                  message="LIMIT ACCEPTED")
+    values.update(fields)
+    return SCRIP_LIMIT.pack(values)
+
+
+def groupLimit(time="10:15:30", **fields):
+    values = dict(clockFields(time), traderId=7, buyLimit=25, sellLimit=30, groupName="A", opCode=9, message="LIMIT ACCEPTED")
+    values.update(fields)
+    return GROUP_LIMIT.pack(values)
+
+
+def activity(time="10:15:30", **fields):
+    values = dict(clockFields(time), traderId=7, oprType="PASSWORD CHANGE", oldPwd="OLD1", newPwd="NEW1", message="ACCEPTED")
+    values.update(fields)
+    return ACTIVITY.pack(values)
+
+
+def adminLog(traders=(), scrips=(), groups=(), activities=(), memberId=123, date="01/01/2009", time="16:05:09", **fields):
+    """A whole admin log. The counts of its header are those of the records, save where a field says otherwise."""
+    day, month, year = (int(part) for part in date.split("/"))
+    values = dict(clockFields(time), memberId=memberId, traderLimitCount=len(traders), scripLimitCount=len(scrips),
+                  groupLimitCount=len(groups), activityCount=len(activities), day=day, month=month, century=year // 100,
+                  yearOfCentury=year % 100)
+    values.update(fields)
+    return ADMIN_HEADER.pack(values) + b"".join([*traders, *scrips, *groups, *activities])
 
 
 def write(name, *pieces):

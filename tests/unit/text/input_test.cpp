@@ -288,6 +288,24 @@ TEST_F(InputTest, fail_readOfARecordPassesOverIt) {
   }
 }
 
+TEST_F(InputTest, bytesArePassedOverUpToTheEndOfTheFile) {
+  for (const std::size_t skipped : {std::size_t{0}, std::size_t{36}, std::size_t{65535}, std::size_t{65536}, std::size_t{199999}}) {
+    std::string bytes(200000, 'x');
+    bytes[skipped] = 'y';
+    Input* input = openWith(bytes, InputKind::binary);
+    const std::size_t reads = faultUses(Fault::read);
+    ASSERT_TRUE(inputSkip(*input, static_cast<std::int64_t>(skipped)));
+    EXPECT_EQ(faultUses(Fault::read), reads);  // nobody asked for what was passed over
+    char next = 0;
+    ASSERT_TRUE(inputRead(*input, &next, 1));
+    EXPECT_EQ(next, 'y') << skipped;
+    EXPECT_FALSE(inputSkip(*input, 200000));
+    EXPECT_FALSE(inputRead(*input, &next, 1));
+    EXPECT_FALSE(inputSkip(*input, -1));
+    inputClose(input);
+  }
+}
+
 TEST_F(InputTest, fail_readOfAPiecePassesOverIt) {
   Input* input = openWith("one\r\ntwo\r\nthree\r\n", InputKind::text);
   faultsArm(Fault::read, 2, false);

@@ -17,13 +17,13 @@ constexpr Kind kinds[] = {
 };
 
 const std::string& told(const FormRun& run, Fault fault) {
-  static const std::string written = "Error In Writing Output File", noMasks = "LoadString Failed", none;
+  static const std::string written = "Error In Writing Output File", none;
   switch (fault) {
     case Fault::memory:
     case Fault::order:
       return run.memory;
     case Fault::string:
-      return noMasks;
+      return run.string;
     case Fault::open:
       return run.open;
     case Fault::create:

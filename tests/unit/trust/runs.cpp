@@ -126,6 +126,22 @@ static FormRun auction(const char* name, const char* sample, std::vector<int> op
           .create = "Error In Opening OutFile",
           .seek = "Error Reading File ",
           .tell = "Error Reading File "};
+static FormRun adminLog(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTADMINLOG",
+          .sample = sample,
+          .load = IDC_ADMLOG_LOAD,
+          .print = IDC_ADMLOG_PRINT,
+          .cancel = IDC_ADMLOG_CANCEL,
+          .file = IDC_ADMLOG_FILE,
+          .outFile = IDC_ADMLOG_OUTFILE,
+          .options = std::move(options),
+          .memory = " : Memory Allocation Failure",
+          .open = "File Cannot be opened",
+          .create = "Error In Opening Output File",
+          .seek = "Error in Reading File",
+          .tell = "Error in Reading File",
+          .string = "Load String Failed"};
 }
 
 const std::vector<FormRun>& allRuns() {
@@ -158,6 +174,8 @@ const std::vector<FormRun>& allRuns() {
       auction("money statement of a lending auction", "MONY2505.S12", {}, {"OFFS2505.S12"}),
       auction("offer status by scrip name", "OFFS0101.215", {IDC_AUC_OFFERS}),
       auction("offer status of a lending auction by scrip code", "OFFS2505.S12", {IDC_AUC_OFFERS, IDC_AUC_SORT_SCRIP_CODE}),
+      adminLog("admin log, all four sections", "Ad010109.adl", {}),
+      adminLog("admin log of the lending market by trader", "SAd250509.adl", {IDC_ADMLOG_SCRIPS, IDC_ADMLOG_SORT_TRADER}),
   };
   return runs;
 }

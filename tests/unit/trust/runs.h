@@ -23,6 +23,7 @@ struct FormRun {
   // What must be shown when a use of the kind fails; empty: any box with an error icon. A form with no text for memory may take
   // none.
   std::string memory, open, create, seek, tell;
+  std::string string = "LoadString Failed";  // of the masks
   // Of a form whose load reads the file: its load step fails, and Print has nothing to print.
   bool readsAtLoad = false;
   // Of a form that is told to reset, and no more, when its output cannot be opened: the next run's end closes the input.
