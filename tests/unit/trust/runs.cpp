@@ -126,6 +126,8 @@ static FormRun auction(const char* name, const char* sample, std::vector<int> op
           .create = "Error In Opening OutFile",
           .seek = "Error Reading File ",
           .tell = "Error Reading File "};
+}
+
 static FormRun adminLog(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTADMINLOG",
