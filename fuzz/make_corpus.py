@@ -14,6 +14,7 @@ FORMS = {
     "slb_position": ["STR*"],
     "broker_query": ["B[Rrb]*", "BB*", "CB*"],
     "touchlines": ["*.SAV", "*.SSAV"],
+    "auction": ["MONY*", "OFFS*"],
     "admin_log": ["Ad*.adl", "SAd*.adl"],
     "trader_limits": ["*.TRD", "*.TSL", "*.STRD", "*.STSL"],
     "sixa_sevena": ["*.UPD", "*.SUPD", "*.NUP", "*.SNUP"],

@@ -11,6 +11,7 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tests", "tools"))
 
 from workfiles import (  # noqa: E402
+    auctionHeader, broker132, broker160, delimited, header, kestoBroker, kestoTrade, lines, mony, offs, trade132, trade144, write)
     activity, adminLog, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, scripLimit, trade132, trade144,
     traderLimit, write)
     broker132, broker160, clientRectification, consolidatedOrder, delimited, header, kestoBroker, kestoTrade, lines, order112,
@@ -267,6 +268,68 @@ def makeTraderLimitsFiles(folder):
     make("KS250509.STSL", "Scripwise Limits", "25/05/2009", *kestoScripLimits(38, 16))
 
 
+AUCTION_BANKS = (3, 12, 47)
+
+
+def auctionMoney(chance, count, offers, entitlements):
+    """Securities received and auctioned, now and then with a BDC number; what was taken of the offers; entitlements."""
+    found = []
+    for i in range(count):
+        code, symbol, _, price = chance.of(SCRIPS)
+        std, qty = round(price * 100), 25 * (1 + chance.below(12))
+        closeOut, auction = std * 110 // 100, std * (98 + chance.below(9)) // 100
+        entry = chance.of(("CC", "B", "B", "C", "D", "D"))
+        rupees, paise = divmod(qty * (closeOut if entry in ("CC", "C") else std), 100)
+        side = dict(debitRupees=rupees, debitPaise=paise)
+        if entry in ("CC", "C") or entry == "D" and chance.below(3) == 0:
+            side = dict(creditRupees=rupees, creditPaise=paise)
+        commission = qty * auction // 200 if entry == "D" else 0
+        bdcNo = 450700 + i if chance.below(3) == 0 else 0
+        found.append(mony(entry, scripCode=code, scripName=symbol, bdcNo=bdcNo, quantity=qty, stdRate=std, closeOutRate=closeOut,
+                          auctionRate=auction, auctionCommission=commission, bankCode=chance.of(AUCTION_BANKS), **side))
+    for offer in offers:
+        if offer["qtyAccepted"] > 0:
+            rupees, paise = divmod(offer["qtyAccepted"] * offer["offerRate"], 100)
+            found.append(mony("O", scripCode=offer["scripCode"], scripName=offer["scripName"], quantity=offer["qtyAccepted"],
+                              stdRate=offer["stdRate"], closeOutRate=0, auctionRate=offer["offerRate"], creditRupees=rupees,
+                              creditPaise=paise, bankCode=chance.of(AUCTION_BANKS)))
+    for i, (entry, side) in enumerate(entitlements):
+        code, symbol, _, _ = chance.of(SCRIPS)
+        found.append(mony(entry, scripCode=code, scripName=symbol, bdcNo=450800 + i, quantity=0, stdRate=0, closeOutRate=0,
+                          auctionRate=0, **side))
+    return found
+
+
+def auctionOffers(chance, count):
+    """The fields of offers in the order in which they were made; about half are taken."""
+    found = []
+    for _ in range(count):
+        code, symbol, _, price = chance.of(SCRIPS)
+        std, qty = round(price * 100), 25 * (1 + chance.below(12))
+        offer = std * (96 + chance.below(9)) // 100
+        accepted = chance.of((0, qty, qty, 25))
+        found.append(dict(scripCode=code, scripName=symbol, offerRate=offer, qtyOffered=qty, qtyAccepted=accepted,
+                          highestOfferRateAccepted=std * 104 // 100, creditValue=float(accepted * offer), stdRate=std,
+                          closedOutRate=std * 110 // 100 if accepted == 0 else 0, clientId=chance.of(CLIENTS)[0],
+                          deliveryType=chance.of("CNPX")))
+    return found
+
+
+def makeAuctionFiles(folder):
+    """A money file and the offer status file of the same auction go together: their names differ in the first four letters."""
+    def make(name, seed, notice, auctionNo, moneyCount, entitlements, offerCount):
+        chance = Chance(seed)
+        title = auctionHeader(settlementNo=37, auctionNoticeNo=notice, auctionNo=auctionNo, clearingNo=MEMBER,
+                              memberName="LAKEVIEW SECURITIES")
+        offers = auctionOffers(chance, offerCount)
+        write(os.path.join(folder, "MONY" + name), title, *auctionMoney(chance, moneyCount, offers, entitlements))
+        write(os.path.join(folder, "OFFS" + name), title, *[offs(**offer) for offer in offers])
+
+    entitlements = (("DI", dict(debitRupees=250, debitPaise=50)), ("CB", dict(creditRupees=1320)),
+                    ("RR", dict(debitRupees=75, debitPaise=25)), ("SD", dict(debitRupees=10)))
+    make("0101.215", 41, "A215", 215, 50, (), 24)
+    make("0201.007", 42, "X007", 7, 24, entitlements, 8)
+    make("2505.S12", 43, "S12", 12, 16, (), 6)
 REPLIES = ("LIMIT ACCEPTED", "LIMIT ACCEPTED", "LIMIT ACCEPTED", "Trader has no rights in this scrip\r\n",
            "Limit is below what the trader has used already")
 
@@ -482,6 +545,7 @@ if __name__ == "__main__":
     makeBrokerQueryFiles(folder)
     makeTouchlineFiles(folder)
     makeTraderLimitsFiles(folder)
+    makeAuctionFiles(folder)
     makeAdminLogFiles(folder)
     makeBreakupFiles(folder)
     make6A7AFiles(folder)

@@ -1,5 +1,6 @@
 #include "report_forms.h"
 
+#include "auction/auction_form.h"
 #include "brokerquery/broker_form.h"
 #include "logs/admin_log_form.h"
 #include "market/breakup_form.h"
@@ -19,6 +20,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTNP", netPositionFormEvent},
     {"PRNTNPRET", slbPositionFormEvent},
     {"PRNTBRKREP", brokerQueryFormEvent},
+    {"AUCRPT", auctionFormEvent},
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
     {"PRNTADMINLOG", adminLogFormEvent},

@@ -270,6 +270,92 @@ QUOTE = Layout(
     ("offerClientId", 62, 12, "text"),
     ("scripId", 74, 12, "text"),
     ("message", 86, 40, "text"),
+
+
+AUCTION_HEADER = Layout(
+    62,
+    ("settlementNo", 0, 2, "number"),
+    ("auctionNoticeNo", 2, 12, "text"),
+    ("auctionNo", 14, 2, "number"),
+    ("clearingNo", 16, 4, "number"),
+    ("memberName", 20, 42, "text"),
+)
+
+MONY = Layout(
+    102,
+    ("scripCode", 0, 4, "number"),
+    ("scripName", 4, 13, "text"),
+    ("entryType", 17, 3, "text"),
+    ("bdcNo", 20, 4, "number"),
+    ("quantity", 24, 4, "number"),
+    ("stdRate", 28, 4, "number"),  # paise
+    ("closeOutRate", 32, 4, "number"),
+    ("auctionRate", 36, 4, "number"),
+    ("debitRupees", 40, 4, "number"),
+    ("debitPaise", 44, 2, "number"),
+    ("creditPaise", 46, 2, "number"),
+    ("creditRupees", 48, 4, "number"),
+    ("auctionCommission", 52, 4, "number"),
+    ("bankCode", 56, 4, "number"),
+)
+
+DELY = Layout(
+    256,
+    ("scripCode", 0, 4, "number"),
+    ("scripName", 4, 13, "text"),
+    ("side", 17, 1, "char"),
+    ("stdRate", 18, 4, "number"),
+    ("orderId", 22, 4, "number"),
+    ("brokerNo", 26, 4, "number"),
+    ("bdcNo", 30, 4, "number"),
+    ("brokerName", 34, 42, "text"),
+    ("quantity", 76, 4, "number"),
+    ("bankCode", 80, 4, "number"),
+    ("remarks", 84, 41, "text"),
+    ("deliveryType", 125, 2, "text"),
+    ("clientId", 127, 13, "text"),
+    ("subBrokerId", 140, 2, "number"),
+)
+
+OFFS = Layout(
+    64,
+    ("scripCode", 0, 4, "number"),
+    ("scripName", 4, 14, "text"),
+    ("offerRate", 18, 4, "number"),
+    ("qtyOffered", 22, 4, "number"),
+    ("highestOfferRateAccepted", 26, 4, "number"),
+    ("qtyAccepted", 30, 4, "number"),
+    ("creditValue", 34, 8, "real"),  # paise
+    ("stdRate", 42, 4, "number"),
+    ("closedOutRate", 46, 4, "number"),
+    ("clientId", 50, 12, "text"),
+    ("deliveryType", 62, 2, "text"),
+)
+
+CLBD = Layout(
+    46,
+    ("scripCode", 0, 4, "number"),
+    ("bdcNo", 18, 4, "number"),
+    ("totalAuctionQty", 22, 4, "number"),
+    ("qtyAuctioned", 26, 4, "number"),
+    ("qtyClosedOut", 30, 4, "number"),
+    ("closeOutRate", 34, 4, "number"),
+    ("auctionRate", 38, 4, "number"),
+    ("closeOutValue", 42, 4, "number"),
+)
+
+ENTL = Layout(
+    84,
+    ("buySellFlag", 0, 1, "char"),
+    ("scripCode", 2, 4, "number"),
+    ("scripName", 6, 14, "text"),
+    ("oppMemberId", 20, 4, "number"),
+    ("oppMemberName", 24, 42, "text"),
+    ("bdcNo", 66, 4, "number"),
+    ("entitlementType", 70, 4, "text"),
+    ("closingRate", 74, 4, "number"),
+    ("entitlementRate", 78, 4, "number"),
+    ("reason", 82, 2, "number"),
 )
 
 
@@ -403,6 +489,48 @@ def kestoBroker(**fields):
                   days=7, settFyear="012/2009-2010")
     values.update(fields)
     return KESTO_BROKER.pack(values)
+
+
+def auctionHeader(**fields):
+    values = dict(settlementNo=37, auctionNoticeNo="A123", auctionNo=215, clearingNo=418, memberName="LAKEVIEW SECURITIES")
+    values.update(fields)
+    return AUCTION_HEADER.pack(values)
+
+
+def mony(entryType, **fields):
+    values = dict(scripCode=590004, scripName="KAVERIPUMP", entryType=entryType, bdcNo=0, quantity=100, stdRate=18435,
+                  closeOutRate=20000, auctionRate=19050, bankCode=12)
+    values.update(fields)
+    return MONY.pack(values)
+
+
+def dely(**fields):
+    values = dict(scripCode=590004, scripName="KAVERIPUMP", side="O", stdRate=18435, orderId=1001, brokerNo=77, bdcNo=4507,
+                  brokerName="HILLSIDE BROKERS", quantity=100, bankCode=12, remarks="", deliveryType="C", clientId="R1042",
+                  subBrokerId=3)
+    values.update(fields)
+    return DELY.pack(values)
+
+
+def offs(**fields):
+    values = dict(scripCode=590004, scripName="KAVERIPUMP", offerRate=19050, qtyOffered=100, highestOfferRateAccepted=19500,
+                  qtyAccepted=60, creditValue=1143000.0, stdRate=18435, closedOutRate=0, clientId="R1042", deliveryType="C")
+    values.update(fields)
+    return OFFS.pack(values)
+
+
+def clbd(**fields):
+    values = dict(scripCode=590004, bdcNo=4507, totalAuctionQty=100, qtyAuctioned=60, qtyClosedOut=40, closeOutRate=20000,
+                  auctionRate=19050, closeOutValue=800000)
+    values.update(fields)
+    return CLBD.pack(values)
+
+
+def entl(**fields):
+    values = dict(buySellFlag="B", scripCode=590004, scripName="KAVERIPUMP", oppMemberId=77, oppMemberName="HILLSIDE BROKERS",
+                  bdcNo=4507, entitlementType="DI", closingRate=18435, entitlementRate=500, reason=1)
+    values.update(fields)
+    return ENTL.pack(values)
 
 
 def clockFields(time):

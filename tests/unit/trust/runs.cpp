@@ -110,6 +110,24 @@ static FormRun traderLimits(const char* name, const char* sample, std::vector<in
           .endsProgram = "Zero Records !! Cannot Print"};
 }
 
+static FormRun auction(const char* name, const char* sample, std::vector<int> options, std::vector<std::string> beside = {}) {
+  return {.name = name,
+          .form = "AUCRPT",
+          .sample = sample,
+          .load = IDC_AUC_LOAD,
+          .print = IDC_AUC_PRINT,
+          .cancel = IDC_AUC_CANCEL,
+          .file = IDC_AUC_FILE,
+          .outFile = IDC_AUC_OUTFILE,
+          .options = std::move(options),
+          .beside = std::move(beside),
+          .memory = "Memory Allocation Failure",
+          .open = "",
+          .create = "Error In Opening OutFile",
+          .seek = "Error Reading File ",
+          .tell = "Error Reading File "};
+}
+
 static FormRun adminLog(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTADMINLOG",
@@ -213,6 +231,11 @@ const std::vector<FormRun>& allRuns() {
                    "Trader Limits Data: Memory Allocation Failure"),
       traderLimits("trader limits of Kesto by scrip", "KS010109.TSL", {IDC_TRDLIM_KESTO},
                    "Trader Limits  scrip Data: Memory Allocation Failure"),
+      auction("money statement by scrip name", "MONY0101.215", {}, {"OFFS0101.215"}),
+      auction("money statement of a special notice by scrip code", "MONY0201.007", {IDC_AUC_SORT_SCRIP_CODE}, {"OFFS0201.007"}),
+      auction("money statement of a lending auction", "MONY2505.S12", {}, {"OFFS2505.S12"}),
+      auction("offer status by scrip name", "OFFS0101.215", {IDC_AUC_OFFERS}),
+      auction("offer status of a lending auction by scrip code", "OFFS2505.S12", {IDC_AUC_OFFERS, IDC_AUC_SORT_SCRIP_CODE}),
       adminLog("admin log, all four sections", "Ad010109.adl", {}),
       adminLog("admin log of the lending market by trader", "SAd250509.adl", {IDC_ADMLOG_SCRIPS, IDC_ADMLOG_SORT_TRADER}),
       sixaSevena("6A7A, updatable", "6A010109.UPD", {}),
@@ -239,6 +262,7 @@ std::string loadAndPrint(const FormRun& run, const std::string& out) {
 }
 
 std::string commandsOf(const FormRun& run, const std::string& out) {
+  for (const std::string& name : run.beside) writeFile(name, sampleBytes(name));
   return std::string("tool ") + run.form + "\n" + loadAndPrint(run, out);
 }
 
@@ -270,9 +294,11 @@ void InOwnFolder::TearDown() {
   std::filesystem::remove_all(folder_);
 }
 
-std::string sampleBytes(const FormRun& run) {
-  return readWhole(std::filesystem::path(QUILLON_REPORTS_FOLDER).parent_path().parent_path() / "samples" / "export" / run.sample);
+std::string sampleBytes(const std::string& name) {
+  return readWhole(std::filesystem::path(QUILLON_REPORTS_FOLDER).parent_path().parent_path() / "samples" / "export" / name);
 }
+
+std::string sampleBytes(const FormRun& run) { return sampleBytes(run.sample); }
 
 void writeFile(const std::string& name, const std::string& bytes) { std::ofstream(name, std::ios::binary) << bytes; }
 
