@@ -11,11 +11,31 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tests", "tools"))
 
 from workfiles import (  # noqa: E402
-    auctionHeader, broker132, broker160, delimited, header, kestoBroker, kestoTrade, lines, mony, offs, trade132, trade144, write)
-    activity, adminLog, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, scripLimit, trade132, trade144,
-    traderLimit, write)
-    broker132, broker160, clientRectification, consolidatedOrder, delimited, header, kestoBroker, kestoTrade, lines, order112,
-    order136, quote, trade132, trade144, typeRectification, write)
+    activity,
+    adminLog,
+    auctionHeader,
+    broker132,
+    broker160,
+    clientRectification,
+    consolidatedOrder,
+    delimited,
+    groupLimit,
+    header,
+    kestoBroker,
+    kestoTrade,
+    lines,
+    mony,
+    offs,
+    order112,
+    order136,
+    quote,
+    scripLimit,
+    trade132,
+    trade144,
+    traderLimit,
+    typeRectification,
+    write,
+)
 
 # code, symbol, group, price in rupees around which it trades
 SCRIPS = (
