@@ -11,9 +11,8 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tests", "tools"))
 
 from workfiles import (  # noqa: E402
-    auctionHeader, broker132, broker160, delimited, header, kestoBroker, kestoTrade, lines, mony, offs, trade132, trade144, write)
-    activity, adminLog, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, scripLimit, trade132, trade144,
-    traderLimit, write)
+    activity, adminLog, auctionHeader, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, mony,
+    offs, scripLimit, trade132, trade144, traderLimit, write)
 
 # code, symbol, group, price in rupees around which it trades
 SCRIPS = (
