@@ -11,8 +11,6 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tests", "tools"))
 
 from workfiles import (  # noqa: E402
-    activity, adminLog, auctionHeader, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, mony,
-    offs, scripLimit, trade132, trade144, traderLimit, write)
     activity,
     adminLog,
     auctionHeader,
