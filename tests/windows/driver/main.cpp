@@ -89,6 +89,8 @@ static void carryOutLine(const std::string& line) {
     type(*numberOf(first), widen(text));
   else if (word == "pick" && numberOf(first))
     pick(*numberOf(first), widen(text));
+  else if (word == "enter")
+    pressEnter();
   else if (word == "close")
     closeForm();
   else if (word == "quit")
