@@ -13,14 +13,20 @@ namespace quillon {
 struct Input;  // an open input file
 
 enum class InputKind {
-  binary,  // bytes as they stand
-  text,    // CR LF read as LF; a Ctrl-Z ends the file
+  binary,        // bytes as they stand
+  binaryUpdate,  // the same, of a file that could be written to as well: a read-only one is not opened
+  text,          // CR LF read as LF; a Ctrl-Z ends the file
 };
 
 // Null when it cannot be opened.
 Input* inputOpen(const std::string& path, InputKind kind);
 void inputClose(Input* input);
-void inputCloseAll();  // every open input of the process
+void inputCloseAll();  // every open input of the process, the other forms' among them
+
+// From here on `holder` becomes null when the input that it points to is closed, by whoever: a pointer that is not null can be
+// closed. A holder lives as long as its input. It may be given another input meanwhile; the first then has no holder any more
+// and goes with inputCloseAll. A null holder is left alone.
+void inputHold(Input*& holder);
 
 [[nodiscard]] bool inputSeekEnd(Input& input);
 [[nodiscard]] bool inputSeekStart(Input& input);
@@ -32,6 +38,9 @@ void inputCloseAll();  // every open input of the process
 // Up to `count` records of `size` bytes, straight into `block`. Gives the number read before one failed (`count` when none
 // did); the failing record's bytes in the block are zero and are passed over in the file.
 [[nodiscard]] std::size_t inputReadRecords(Input& input, void* block, std::size_t size, std::size_t count);
+
+// Passes over `size` bytes of a binary file without asking for a record. False where the file ends before.
+[[nodiscard]] bool inputSkip(Input& input, std::int64_t size);
 
 // The next piece of a text file, as fgets with a buffer of `limit` takes it: at most limit - 1 characters, up to and with the
 // line feed, then a NUL. False at the end of the file or when the read fails. `length` (may be null) is the piece's length,

@@ -1,5 +1,7 @@
 #include "trades/trade_file.h"
 
+#include <cstring>
+
 namespace quillon {
 
 std::size_t tradeRecordSize(TradeLayout layout) {
@@ -26,6 +28,14 @@ TradeLayout tradeLayoutOf(const TradeHeader& header) {
 TradeLayout tradeLayoutOf(const TradeHeader& header, bool isLendingFile) {
   const TradeLayout byLetter = tradeLayoutOf(header);
   return isLendingFile && byLetter != TradeLayout::kesto ? TradeLayout::rec144 : byLetter;
+}
+
+NoHeader whyNoHeader(Input& input) {
+  if (!inputSeekEnd(input)) return NoHeader::notMeasured;
+  const std::int64_t size = inputTell(input);
+  if (size < 0) return NoHeader::notMeasured;
+  if (size == 0) return NoHeader::emptyFile;
+  return size < static_cast<std::int64_t>(sizeof(TradeHeader)) ? NoHeader::tooShort : NoHeader::notRead;
 }
 
 std::size_t tradeCountOf(std::int64_t fileSize, TradeLayout layout) {
@@ -61,6 +71,12 @@ void rewriteLends(TradeRec144* records, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     if (records[i].side == 'L') records[i].side = 'S';
   }
+}
+
+TextField<8> timeOfStamp(const TextField<20>& stamp) {
+  TextField<8> time;
+  std::memcpy(time.bytes, stamp.bytes + 11, sizeof time);
+  return time;
 }
 
 bool isOddLotFile(TradeLayout layout, const void* block) {

@@ -149,6 +149,16 @@ TradeLayout tradeLayoutOf(const TradeHeader& header);
 // Kesto file stays one.
 TradeLayout tradeLayoutOf(const TradeHeader& header, bool isLendingFile);
 
+// Why a header came back short.
+enum class NoHeader {
+  notMeasured,  // the file's size cannot be had
+  emptyFile,
+  tooShort,  // some bytes, but fewer than a header's
+  notRead,   // there are enough; the device does not give them
+};
+// Asks the file's size; the input is left at its end.
+NoHeader whyNoHeader(Input& input);
+
 // Whole records in a file of `fileSize` bytes. A part record at the end is dropped without a word.
 std::size_t tradeCountOf(std::int64_t fileSize, TradeLayout layout);
 
@@ -167,6 +177,10 @@ enum class TradeCount {
 
 // Lending-market files call a sell 'L': it becomes 'S', so that the reports know only 'B' and 'S'.
 void rewriteLends(TradeRec144* records, std::size_t count);
+
+// The time of day in the time stamp of an order: its characters 11 to 18, counted from 0, whatever stands before them; a NUL
+// among them ends it. Trade and broker query files share the field.
+TextField<8> timeOfStamp(const TextField<20>& stamp);
 
 // True when the first of the records is an odd-lot trade; the others are not looked at. Kesto files know no odd lots.
 bool isOddLotFile(TradeLayout layout, const void* block);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "desktop/windows/common.h"
+#include "text/letters.h"
 
 namespace quillon {
 
@@ -23,15 +24,18 @@ static FileStream* streamOf(HANDLE handle, bool isOutput) {
 // Windows takes a device's name for the device whatever extension follows it, and without regard to case.
 static bool isDeviceName(std::string_view path, std::string_view device) {
   const std::string_view base = path.substr(0, path.find('.'));
-  const auto sameLetter = [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b; };
-  return std::equal(base.begin(), base.end(), device.begin(), device.end(), sameLetter);
+  return upperCased(base) == device;
 }
 
-FileStream* fileOpenInput(const std::string& path) {
-  return streamOf(CreateFileW(wideFromUtf8(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+static FileStream* openExisting(const std::string& path, DWORD access) {
+  return streamOf(CreateFileW(wideFromUtf8(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                               nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr),
                   false);
 }
+
+FileStream* fileOpenInput(const std::string& path) { return openExisting(path, GENERIC_READ); }
+
+FileStream* fileOpenUpdate(const std::string& path) { return openExisting(path, GENERIC_READ | GENERIC_WRITE); }
 
 FileStream* fileCreateOutput(const std::string& path) {
   // What goes to these is lost, though every write succeeds.

@@ -74,12 +74,12 @@ bool windowsIsPushButton(HWND button) {
   return type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON;
 }
 
-// Enter arrives here as the press of the focused or the default button, even of one that cannot be pressed. Where a form has
-// none, it comes without a control and does nothing; so does Escape.
 static bool canBePressed(HWND button) {
   return IsWindowEnabled(button) && (GetWindowLongPtrW(button, GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
+// Enter arrives here as the press of the focused or the default button, even of one that cannot be pressed. Where a form has
+// none, it comes without a control and does nothing; so does Escape.
 static void onCommand(FormWindow* form, int control, int code, HWND window) {
   if (!window) return;
   if (isKind(window, L"Button")) {

@@ -110,6 +110,102 @@ static FormRun traderLimits(const char* name, const char* sample, std::vector<in
           .endsProgram = "Zero Records !! Cannot Print"};
 }
 
+static FormRun auction(const char* name, const char* sample, std::vector<int> options, std::vector<std::string> beside = {}) {
+  return {.name = name,
+          .form = "AUCRPT",
+          .sample = sample,
+          .load = IDC_AUC_LOAD,
+          .print = IDC_AUC_PRINT,
+          .cancel = IDC_AUC_CANCEL,
+          .file = IDC_AUC_FILE,
+          .outFile = IDC_AUC_OUTFILE,
+          .options = std::move(options),
+          .beside = std::move(beside),
+          .memory = "Memory Allocation Failure",
+          .open = "",
+          .create = "Error In Opening OutFile",
+          .seek = "Error Reading File ",
+          .tell = "Error Reading File "};
+}
+
+static FormRun adminLog(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTADMINLOG",
+          .sample = sample,
+          .load = IDC_ADMLOG_LOAD,
+          .print = IDC_ADMLOG_PRINT,
+          .cancel = IDC_ADMLOG_CANCEL,
+          .file = IDC_ADMLOG_FILE,
+          .outFile = IDC_ADMLOG_OUTFILE,
+          .options = std::move(options),
+          .memory = " : Memory Allocation Failure",
+          .open = "File Cannot be opened",
+          .create = "Error In Opening Output File",
+          .seek = "Error in Reading File",
+          .tell = "Error in Reading File",
+          .string = "Load String Failed"};
+static FormRun sixaSevena(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTSIXASEVENA",
+          .sample = sample,
+          .load = IDC_6A7A_LOAD,
+          .print = IDC_6A7A_PRINT,
+          .cancel = IDC_6A7A_CANCEL,
+          .file = IDC_6A7A_FILE,
+          .outFile = IDC_6A7A_OUTFILE,
+          .options = std::move(options),
+          .memory = "6A7A Report: Memory Allocation Failure",
+          .open = "Error In Opening ",
+          .create = "Error ",
+          .seek = "",
+          .tell = ""};
+}
+
+static FormRun breakup(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTBRKUP",
+          .sample = sample,
+          .load = IDC_BRKUP_LOAD,
+          .print = IDC_BRKUP_PRINT,
+          .cancel = IDC_BRKUP_CANCEL,
+          .file = IDC_BRKUP_FILE,
+          .outFile = IDC_BRKUP_OUTFILE,
+          .options = std::move(options),
+          .memory = "BreakUp Report: Memory Allocation Failure",
+          .open = "Error In Opening BreakUp Report File.....",
+          .create = "Error In Opening Output File",
+          .seek = "",
+          .tell = ""};
+static FormRun orderLog(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTORDLOG",
+          .sample = sample,
+          .load = IDC_ORDLOG_LOAD,
+          .print = IDC_ORDLOG_PRINT,
+          .cancel = IDC_ORDLOG_CANCEL,
+          .file = IDC_ORDLOG_FILE,
+          .outFile = IDC_ORDLOG_OUTFILE,
+          .options = std::move(options),
+          .memory = "OrderLog Data : Memory Allocation Failure",
+          .open = "File cannot be opened!",
+          .create = "Error In Opening Output File",
+          .seek = "Error In Calculating No Of Records",
+          .tell = "Error In Calculating No Of Records",
+          .readsAtLoad = true};
+}
+
+static FormRun quoteLog(const char* name, const char* sample, std::vector<int> options) {
+  FormRun run = orderLog(name, sample, std::move(options));
+  run.form = "PRNTQUOTELOG";
+  run.load = IDC_QUOTELOG_LOAD;
+  run.print = IDC_QUOTELOG_PRINT;
+  run.cancel = IDC_QUOTELOG_CANCEL;
+  run.file = IDC_QUOTELOG_FILE;
+  run.outFile = IDC_QUOTELOG_OUTFILE;
+  run.memory = "QuoteLog Data : Memory Allocation Failure";
+  return run;
+}
+
 const std::vector<FormRun>& allRuns() {
   static const std::vector<FormRun> runs = {
       trades("trades of 132 bytes with the net position", "TR010109.B01", {IDC_TRADES_NETPOS}),
@@ -135,6 +231,25 @@ const std::vector<FormRun>& allRuns() {
                    "Trader Limits Data: Memory Allocation Failure"),
       traderLimits("trader limits of Kesto by scrip", "KS010109.TSL", {IDC_TRDLIM_KESTO},
                    "Trader Limits  scrip Data: Memory Allocation Failure"),
+      auction("money statement by scrip name", "MONY0101.215", {}, {"OFFS0101.215"}),
+      auction("money statement of a special notice by scrip code", "MONY0201.007", {IDC_AUC_SORT_SCRIP_CODE}, {"OFFS0201.007"}),
+      auction("money statement of a lending auction", "MONY2505.S12", {}, {"OFFS2505.S12"}),
+      auction("offer status by scrip name", "OFFS0101.215", {IDC_AUC_OFFERS}),
+      auction("offer status of a lending auction by scrip code", "OFFS2505.S12", {IDC_AUC_OFFERS, IDC_AUC_SORT_SCRIP_CODE}),
+      adminLog("admin log, all four sections", "Ad010109.adl", {}),
+      adminLog("admin log of the lending market by trader", "SAd250509.adl", {IDC_ADMLOG_SCRIPS, IDC_ADMLOG_SORT_TRADER}),
+      sixaSevena("6A7A, updatable", "6A010109.UPD", {}),
+      sixaSevena("6A7A of the lending market, non-updatable", "6A250509.SNUP", {IDC_6A7A_NON_UPDATABLE}),
+      breakup("breakup data", "BU010109.DAT", {}),
+      breakup("breakup data of the lending market, sorted", "SU250509.DAT", {IDC_BRKUP_SORT}),
+      breakup("breakup data of Kesto, sorted", "KU010109.DAT", {IDC_BRKUP_KESTO, IDC_BRKUP_SORT}),
+      orderLog("order log of 112 bytes by scrip code", "OR211103.LOG", {IDC_ORDLOG_SORT_SCRIP_CODE}),
+      orderLog("order log of 136 bytes after the cut-over", "OR250509.LOG", {}),
+      orderLog("clients rectified before the cut-over, by client", "OR210509.LOG",
+               {IDC_ORDLOG_CLIENT_RECTIFICATION, IDC_ORDLOG_SORT_CLIENT_ID}),
+      orderLog("client types rectified, lending market", "SOR250509.LOG", {IDC_ORDLOG_TYPE_RECTIFICATION}),
+      orderLog("consolidated order log by scrip id", "BO250509.BIN", {IDC_ORDLOG_SORT_SCRIP_ID}),
+      quoteLog("quote log by bidding client", "QO250509.LOG", {IDC_QUOTELOG_SORT_BID_CLIENT_ID}),
   };
   return runs;
 }
@@ -147,6 +262,7 @@ std::string loadAndPrint(const FormRun& run, const std::string& out) {
 }
 
 std::string commandsOf(const FormRun& run, const std::string& out) {
+  for (const std::string& name : run.beside) writeFile(name, sampleBytes(name));
   return std::string("tool ") + run.form + "\n" + loadAndPrint(run, out);
 }
 
@@ -178,9 +294,11 @@ void InOwnFolder::TearDown() {
   std::filesystem::remove_all(folder_);
 }
 
-std::string sampleBytes(const FormRun& run) {
-  return readWhole(std::filesystem::path(QUILLON_REPORTS_FOLDER).parent_path().parent_path() / "samples" / "export" / run.sample);
+std::string sampleBytes(const std::string& name) {
+  return readWhole(std::filesystem::path(QUILLON_REPORTS_FOLDER).parent_path().parent_path() / "samples" / "export" / name);
 }
+
+std::string sampleBytes(const FormRun& run) { return sampleBytes(run.sample); }
 
 void writeFile(const std::string& name, const std::string& bytes) { std::ofstream(name, std::ios::binary) << bytes; }
 

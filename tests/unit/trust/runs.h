@@ -19,9 +19,11 @@ struct FormRun {
   std::string sample;  // under samples/export
   int load, print, cancel, file, outFile;
   std::vector<int> options;  // pressed after the load
+  std::vector<std::string> beside = {};  // other samples that the run reads, in full
   // What must be shown when a use of the kind fails; empty: any box with an error icon. A form with no text for memory may take
   // none.
   std::string memory, open, create, seek, tell;
+  std::string string = "LoadString Failed";  // of the masks
   // Of a form whose load reads the file: its load step fails, and Print has nothing to print.
   bool readsAtLoad = false;
   // Of a form that is told to reset, and no more, when its output cannot be opened: the next run's end closes the input.
@@ -32,7 +34,8 @@ struct FormRun {
 
 const std::vector<FormRun>& allRuns();
 
-// Opens the form, loads the sample's copy in the current folder under its own name and prints it to `out`.
+// Opens the form, loads the sample's copy in the current folder under its own name and prints it to `out`. The files beside the
+// sample are put there for it.
 std::string commandsOf(const FormRun& run, const std::string& out);
 // The same without the opening of the form, for a second run after the first.
 std::string loadAndPrint(const FormRun& run, const std::string& out);
@@ -57,6 +60,7 @@ class InOwnFolder : public testing::Test {
 };
 
 std::string sampleBytes(const FormRun& run);
+std::string sampleBytes(const std::string& name);
 void writeFile(const std::string& name, const std::string& bytes);
 
 }  // namespace quillon::test

@@ -1,0 +1,3 @@
+from workfiles import *
+
+write("OFFS0101.001", auctionHeader(), offs())

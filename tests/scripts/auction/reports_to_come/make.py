@@ -1,0 +1,3 @@
+from workfiles import *
+
+write("DELY0101.001", auctionHeader(), dely())
