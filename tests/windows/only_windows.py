@@ -186,6 +186,12 @@ def refused_character_leaves_the_caret_where_it_was(desktop, folder):
     expect("output name", last_of(lines, "changed")["controls"]["1013"]["text"], "ABCDEFGHIJKX")
 
 
+def edit_of_digits_refuses_all_else_typed_or_pasted(desktop, folder):
+    lines = run(desktop, folder, ["tool AUCRPT", "type 1172", "keys 1a-2", "paste  3 x\u0663.4", "show", "paste none", "show"])
+    expect("lines per page", [changed["controls"]["1172"]["text"] for changed in of_kind(lines, "changed")
+                              if "1172" in changed.get("controls", {})][-2:], ["1234", "1234"])
+
+
 def access_keys_press_load_and_print(desktop, folder):
     lines = run(desktop, folder, ["tool PRNTRPT", "choose export/" + TRADE_FILE, "mnemonic l", "show"])
     expect("title of the dialog", last_of(lines, "files")["title"], "LOAD TRADE FILE")
@@ -290,6 +296,7 @@ TESTS = [
     enter_presses_the_focused_button_or_the_default_one,
     box_gives_the_focus_back_to_the_button_that_brought_it,
     refused_character_leaves_the_caret_where_it_was,
+    edit_of_digits_refuses_all_else_typed_or_pasted,
     access_keys_press_load_and_print,
     close_messages_leave_a_run_alone_and_the_session_waits,
     close_messages_leave_a_load_alone,
