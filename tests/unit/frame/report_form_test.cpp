@@ -73,7 +73,7 @@ TEST(FormGetNumber, readsDigitsUpToTheFirstOtherCharacter) {
 TEST(CaptureLinesPerPage, valuesWithinTheLimitAreTakenAndOthersCorrected) {
   static constexpr NumberCase rows[] = {{"1", 1}, {"40", 40}, {"0", 6}, {"41", 6}, {"", 6}, {"many", 6}};
   static constexpr LinesPerPageRule rule = {
-      .control = lines, .limit = 40, .fallback = 6, .message = "wrong", .title = "LINES", .writeBack = lines, .reply = reply};
+      .control = lines, .initial = 6, .limit = 40, .fallback = 6, .message = "wrong", .title = "LINES", .writeBack = lines, .reply = reply};
   int corrected = 0;
   const ScriptResult result = runForm("tool PRNTRPT\npress 1015\n", [&](const FormEvent& event) {
     if (event.kind != FormEventKind::press) return;
@@ -98,7 +98,7 @@ TEST(CaptureLinesPerPage, valuesWithinTheLimitAreTakenAndOthersCorrected) {
 
 TEST(CaptureLinesPerPage, editKeepsItsWrongTextWhereNothingIsWrittenBack) {
   static constexpr LinesPerPageRule rule = {
-      .control = lines, .limit = 50, .fallback = 50, .message = "wrong", .title = "LINES", .writeBack = 0, .reply = 0};
+      .control = lines, .initial = 25, .limit = 50, .fallback = 50, .message = "wrong", .title = "LINES", .writeBack = 0, .reply = 0};
   bool asked = false;
   runForm("tool PRNTRPT\npress 1015\n", [&](const FormEvent& event) {
     if (event.kind != FormEventKind::press) return;
