@@ -1,8 +1,6 @@
 #include "position/kesto_net_position_engine.h"
 
 #include <algorithm>
-#include <memory>
-#include <new>
 #include <span>
 #include <vector>
 
@@ -90,9 +88,6 @@ struct Leg {
   char tradeType;
 };
 
-using Order = std::unique_ptr<std::uint32_t[]>;
-
-constexpr RecordKey noKey = {KeyKind::none, 0, 0};
 constexpr std::size_t nameWidth = sizeof(TextField<12>);
 
 }  // namespace
@@ -126,19 +121,12 @@ static bool totalGroups(std::size_t count, LegAt legAt, KestoRate precision, std
   return true;
 }
 
-// Null when there is no memory for it.
-static Order orderOf(const Records& records, const RecordKey& first, const RecordKey& second) {
-  Order order(new (std::nothrow) std::uint32_t[records.count + 1]);
-  if (order && !recordOrder(records, first, second, order.get())) order.reset();
-  return order;
-}
-
 static bool totalByClient(const KestoPositionFile& file, std::size_t clientCount, KestoPositionTotals& totals) {
   const KestoTradeRec* const records = file.block;
   const RecordKey byClient = {KeyKind::foldedText, offsetof(KestoTradeRec, clientId), nameWidth};
-  const Order order = orderOf({records, sizeof(KestoTradeRec), file.count}, byClient, noKey);
+  const RecordOrder order = orderOfRecords({records, sizeof(KestoTradeRec), file.count}, {byClient});
   if (!order) return false;
-  const std::span<const std::uint32_t> positions(order.get(), file.count);
+  const std::span<const std::uint32_t> positions = order.positions();
   const auto legAt = [records, positions](std::size_t i) -> Leg {
     fetchAhead(records, sizeof(KestoTradeRec), positions, i);
     const KestoTradeRec& record = records[positions[i]];
@@ -151,9 +139,9 @@ static bool totalByScrip(const KestoPositionFile& file, KestoPositionTotals& tot
   const KestoTradeRec* const records = file.block;
   const RecordKey byScrip = {KeyKind::text, offsetof(KestoTradeRec, scripId), nameWidth};
   const RecordKey byDays = {KeyKind::number8, offsetof(KestoTradeRec, days), 0};
-  const Order order = orderOf({records, sizeof(KestoTradeRec), file.count}, byScrip, byDays);
+  const RecordOrder order = orderOfRecords({records, sizeof(KestoTradeRec), file.count}, {byScrip, byDays});
   if (!order) return false;
-  const std::span<const std::uint32_t> positions(order.get(), file.count);
+  const std::span<const std::uint32_t> positions = order.positions();
   const auto legAt = [records, positions](std::size_t i) -> Leg {
     fetchAhead(records, sizeof(KestoTradeRec), positions, i);
     const KestoTradeRec& record = records[positions[i]];
@@ -180,10 +168,10 @@ static bool totalScripsOfClient(std::size_t count, std::size_t scripDayCount, Ke
   const KestoNetPosDetail* const details = totals.details;
   const RecordKey byScrip = {KeyKind::text, offsetof(KestoNetPosDetail, scrip), nameWidth};
   const RecordKey byDay = {KeyKind::number8, offsetof(KestoNetPosDetail, day), 0};
-  const Order order = orderOf({details, sizeof(KestoNetPosDetail), count}, byScrip, byDay);
+  const RecordOrder order = orderOfRecords({details, sizeof(KestoNetPosDetail), count}, {byScrip, byDay});
   if (!order) return false;
-  const auto legAt = [details, &order](std::size_t i) -> Leg {
-    const KestoNetPosDetail& detail = details[order[i]];
+  const auto legAt = [details, positions = order.positions()](std::size_t i) -> Leg {
+    const KestoNetPosDetail& detail = details[positions[i]];
     return {&detail.scrip, detail.day, detail.rate, detail.qty, detail.side, detail.tradeType};
   };
   return totalGroups(count, legAt, KestoRate::single, scripDayCount, totals);
@@ -193,10 +181,10 @@ static bool totalScripsOfClient(std::size_t count, std::size_t scripDayCount, Ke
 static bool totalClientsOfScrip(std::size_t count, std::size_t clientCount, KestoPositionTotals& totals) {
   const KestoNetPosDetail* const details = totals.details;
   const RecordKey byClient = {KeyKind::foldedText, offsetof(KestoNetPosDetail, client), nameWidth};
-  const Order order = orderOf({details, sizeof(KestoNetPosDetail), count}, byClient, noKey);
+  const RecordOrder order = orderOfRecords({details, sizeof(KestoNetPosDetail), count}, {byClient});
   if (!order) return false;
-  const auto legAt = [details, &order](std::size_t i) -> Leg {
-    const KestoNetPosDetail& detail = details[order[i]];
+  const auto legAt = [details, positions = order.positions()](std::size_t i) -> Leg {
+    const KestoNetPosDetail& detail = details[positions[i]];
     return {&detail.client, 0, detail.rate, detail.qty, detail.side, detail.tradeType};
   };
   return totalGroups(count, legAt, KestoRate::single, clientCount, totals);

@@ -87,11 +87,11 @@ TEST(KestoPositionValues, theRateOfAllScripsAloneIsHeldInFull) {
   EXPECT_EQ(kestoPositionValue(1000000, 52501, KestoRate::full), 1000000 * 5.2501);
   EXPECT_EQ(kestoPositionValue(1000000, 52501, KestoRate::single), 1000000 * static_cast<double>(5.2501F));
   EXPECT_NE(kestoPositionValue(1000000, 52501, KestoRate::full), kestoPositionValue(1000000, 52501, KestoRate::single));
-  // 5.2501 in single precision is 5.25009965896606..., so that the last digits differ from report to report.
+  // 5.2501 in single precision is 5.250100135803222..., so that the last digits differ from report to report.
   const std::string deals = "C1 AXLE 500101 7 S 1000000 52501 L\nC1 AXLE 500101 7 M 1000000 52501 L\n";
   EXPECT_EQ(rowTexts(deals, PositionReport::scripWise),
             Names{"AXLE 7 lent 1000000 5250100.0000 borrowed 1000000 5250100.0000"});
-  const std::string rounded = " lent 1000000 5250099.6590 borrowed 1000000 5250099.6590";
+  const std::string rounded = " lent 1000000 5250100.1358 borrowed 1000000 5250100.1358";
   EXPECT_EQ(rowTexts(deals, PositionReport::clientWise), Names{"C1 0" + rounded});
   EXPECT_EQ(rowTexts(deals, PositionReport::clientScrip, "C1"), Names{"AXLE 7" + rounded});
   EXPECT_EQ(rowTexts(deals, PositionReport::scripClient, {}, "AXLE"), Names{"C1 0" + rounded});
@@ -232,8 +232,8 @@ TEST(KestoPositionRow, netQuantityWraps) {
 
 TEST(KestoPositionBlocks, eachReportTellsTheBlockThatFailed) {
   const LoadedKesto loaded(deals);
-  const auto failedAt = [&loaded](int nth, PositionReport report) {
-    faultsArm(Fault::memory, nth, false);
+  const auto failedAt = [&loaded](int nth, PositionReport report, Fault fault = Fault::memory) {
+    faultsArm(fault, nth, false);
     const KestoTotalled result(loaded.file, report, "C1", "AXLE");
     faultsReset();
     return result.failed;
@@ -244,6 +244,11 @@ TEST(KestoPositionBlocks, eachReportTellsTheBlockThatFailed) {
   EXPECT_EQ(failedAt(2, PositionReport::clientScrip), PositionBlock::csNetPos);
   EXPECT_EQ(failedAt(1, PositionReport::scripClient), PositionBlock::clientsInScrip);
   EXPECT_EQ(failedAt(2, PositionReport::scripClient), PositionBlock::scNetPos);
+  // The rows cannot be filled without an order.
+  EXPECT_EQ(failedAt(1, PositionReport::clientWise, Fault::order), PositionBlock::clientNetPos);
+  EXPECT_EQ(failedAt(1, PositionReport::scripWise, Fault::order), PositionBlock::scripNetPos);
+  EXPECT_EQ(failedAt(1, PositionReport::clientScrip, Fault::order), PositionBlock::csNetPos);
+  EXPECT_EQ(failedAt(1, PositionReport::scripClient, Fault::order), PositionBlock::scNetPos);
 }
 
 }  // namespace
