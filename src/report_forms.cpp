@@ -3,6 +3,7 @@
 #include "brokerquery/broker_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
+#include "position/kesto_net_position_form.h"
 #include "position/position_form.h"
 #include "trades/trades_form.h"
 
@@ -16,6 +17,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTBRKREP", brokerQueryFormEvent},
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
+    {"PRNTNETPOS", kestoNetPositionFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

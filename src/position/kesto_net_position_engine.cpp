@@ -67,7 +67,11 @@ bool kestoPositionReadRecords(Input& input, KestoPositionFile& file) {
   return true;
 }
 
-PositionLists kestoPositionListsOf(const KestoPositionFile& file) { return positionListsOf(recordsOf(file)); }
+PositionLists kestoPositionListsOf(const KestoPositionFile& file, const PositionLists& shown) {
+  const std::span<const KestoTradeRec> records = recordsOf(file);
+  const bool firstTakesPart = !records.empty() && !positionExcludes(records.front().tradeType);
+  return positionListsOf(records, firstTakesPart ? PositionLists() : shown);
+}
 
 // ---- The totals -------------------------------------------------------------------------------------------------------
 

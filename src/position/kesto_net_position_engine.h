@@ -28,8 +28,9 @@ bool isKestoPositionFile(const TradeHeader& header);
 // False at the first header or record that comes back short.
 [[nodiscard]] bool kestoPositionReadRecords(Input& input, KestoPositionFile& file);
 
-// The clients and scrips that take part, as positionListsOf gives them.
-PositionLists kestoPositionListsOf(const KestoPositionFile& file);
+// What the lists show once this file is loaded: its clients and scrips that take part, as positionListsOf gives them. Only a
+// first record that takes part empties the lists before; behind one that does not, what they have shown so far stays.
+PositionLists kestoPositionListsOf(const KestoPositionFile& file, const PositionLists& shown);
 
 // ---- The totals -------------------------------------------------------------------------------------------------------
 

@@ -142,9 +142,16 @@ static void offerText(TextSet& set, std::string_view text) {
   set.slots[slot] = static_cast<std::uint32_t>(set.texts.size());
 }
 
+static TextSet setOf(const std::vector<std::string>& texts) {
+  TextSet set;
+  for (const std::string& text : texts) offerText(set, text);
+  return set;
+}
+
 template <class Record>
-static PositionLists listsOf(const Record* records, std::size_t count) {
-  TextSet clients, scrips;
+static PositionLists listsOf(const Record* records, std::size_t count, const PositionLists& known = {}) {
+  TextSet clients = setOf(known.clients);
+  TextSet scrips = setOf(known.scrips);
   for (std::size_t i = 0; i < count; ++i) {
     if (positionExcludes(records[i].tradeType)) continue;
     offerText(clients, records[i].clientId.view());
@@ -161,7 +168,9 @@ PositionLists positionListsOf(const PositionFile& file) {
   return listsOf(static_cast<const TradeRec144*>(file.block), file.count);
 }
 
-PositionLists positionListsOf(std::span<const KestoTradeRec> records) { return listsOf(records.data(), records.size()); }
+PositionLists positionListsOf(std::span<const KestoTradeRec> records, const PositionLists& known) {
+  return listsOf(records.data(), records.size(), known);
+}
 
 // ---- The totals -------------------------------------------------------------------------------------------------------
 

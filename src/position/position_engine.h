@@ -59,7 +59,8 @@ struct PositionLists {
   std::vector<std::string> scrips;
 };
 PositionLists positionListsOf(const PositionFile& file);
-PositionLists positionListsOf(std::span<const KestoTradeRec> records);
+// The same of Kesto records, on top of what `known` holds.
+PositionLists positionListsOf(std::span<const KestoTradeRec> records, const PositionLists& known);
 
 // ---- The totals -------------------------------------------------------------------------------------------------------
 

@@ -57,7 +57,7 @@ struct KestoTotalled {
   PositionBlock failed;
 
   KestoTotalled(const KestoPositionFile& file, PositionReport report, std::string_view client = {}, std::string_view scrip = {})
-      : lists(kestoPositionListsOf(file)) {
+      : lists(kestoPositionListsOf(file, {})) {
     failed = kestoPositionTotal(file, {report, client, scrip, lists.clients.size()}, totals);
   }
   KestoTotalled(const KestoTotalled&) = delete;

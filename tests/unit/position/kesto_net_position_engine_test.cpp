@@ -68,9 +68,19 @@ TEST(KestoPositionFile, listsHoldWhatTakesPartOnceWithoutRegardToCase) {
   const LoadedKesto loaded(
       "ZED BOLT 1 7 S 1 1 L\nODD ODD 1 7 S 1 1 O\nabc AXLE 1 7 S 1 1 L\nABC axle 1 7 M 1 1 L\nD D 1 7 S 1 1 D\n"
       "X X 1 7 S 1 1 X\n_A C 1 7 Q 1 1 N\n");
-  const PositionLists lists = kestoPositionListsOf(loaded.file);
+  const PositionLists lists = kestoPositionListsOf(loaded.file, {});
   EXPECT_EQ(lists.clients, (Names{"_A", "abc", "ZED"}));
   EXPECT_EQ(lists.scrips, (Names{"AXLE", "BOLT", "C"}));
+}
+
+TEST(KestoPositionFile, onlyAFirstRecordThatTakesPartEmptiesTheListsBefore) {
+  const PositionLists shown = {{"b1", "C1"}, {"BOLT"}};
+  const PositionLists emptied = kestoPositionListsOf(LoadedKesto("C2 AXLE 1 7 S 1 1 L\n").file, shown);
+  EXPECT_EQ(emptied.clients, Names{"C2"});
+  EXPECT_EQ(emptied.scrips, Names{"AXLE"});
+  const PositionLists kept = kestoPositionListsOf(LoadedKesto("C9 ODD 1 7 S 1 1 O\nB1 AXLE 1 7 S 1 1 L\n").file, shown);
+  EXPECT_EQ(kept.clients, (Names{"b1", "C1"}));
+  EXPECT_EQ(kept.scrips, (Names{"AXLE", "BOLT"}));
 }
 
 // ---- Sides and values -------------------------------------------------------------------------------------------------
