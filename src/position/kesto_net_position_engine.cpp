@@ -112,17 +112,26 @@ static void addLeg(KestoNetPosRow& row, const Leg& leg, KestoRate precision) {
   }
 }
 
-// `measure` and one more rows are taken, or as many as there are groups: names that differ in case alone share an entry of a
-// list, and scrips of different names may share a code.
+// Takes `size` rows and fills them; totals.rowCount is what the records ask for, be it more. False where there is no memory.
 template <class LegAt>
-static bool totalGroups(std::size_t count, LegAt legAt, KestoRate precision, std::size_t measure, KestoPositionTotals& totals) {
-  const std::size_t needed = walkGroups(count, legAt, isSameGroup, [](std::size_t, const Leg&) {});
-  totals.rows = static_cast<KestoNetPosRow*>(memoryTake(std::max(measure + 1, needed) * sizeof(KestoNetPosRow)));
-  if (!totals.rows) return false;
-  totals.rowCount = walkGroups(count, legAt, isSameGroup, [&totals, precision](std::size_t row, const Leg& leg) {
-    addLeg(totals.rows[row], leg, precision);
+static bool fillRows(std::size_t count, LegAt legAt, KestoRate precision, std::size_t size, KestoPositionTotals& totals) {
+  KestoNetPosRow* const rows = static_cast<KestoNetPosRow*>(memoryTake(size * sizeof(KestoNetPosRow)));
+  totals.rows = rows;
+  if (!rows) return false;
+  totals.rowCount = walkGroups(count, legAt, isSameGroup, [rows, size, precision](std::size_t row, const Leg& leg) {
+    if (row < size) addLeg(rows[row], leg, precision);
   });
   return true;
+}
+
+// `measure` and one more rows do, save where names that differ in case alone share an entry of a list, or scrips of different
+// names a code: only then are there more, and the walk is made again with as many.
+template <class LegAt>
+static bool totalGroups(std::size_t count, LegAt legAt, KestoRate precision, std::size_t measure, KestoPositionTotals& totals) {
+  if (!fillRows(count, legAt, precision, measure + 1, totals)) return false;
+  if (totals.rowCount <= measure + 1) return true;
+  memoryFree(totals.rows);
+  return fillRows(count, legAt, precision, totals.rowCount, totals);
 }
 
 static bool totalByClient(const KestoPositionFile& file, std::size_t clientCount, KestoPositionTotals& totals) {

@@ -254,6 +254,12 @@ TEST(KestoPositionBlocks, eachReportTellsTheBlockThatFailed) {
   EXPECT_EQ(failedAt(2, PositionReport::clientScrip), PositionBlock::csNetPos);
   EXPECT_EQ(failedAt(1, PositionReport::scripClient), PositionBlock::clientsInScrip);
   EXPECT_EQ(failedAt(2, PositionReport::scripClient), PositionBlock::scNetPos);
+  // More scrips than scrip codes take another block.
+  const LoadedKesto scrips("C1 A 1 7 S 1 1 L\nC1 B 1 7 S 1 1 L\nC1 C 1 7 S 1 1 L\n");
+  faultsArm(Fault::memory, 2, false);
+  const KestoTotalled more(scrips.file, PositionReport::scripWise);
+  faultsReset();
+  EXPECT_EQ(more.failed, PositionBlock::scripNetPos);
   // The rows cannot be filled without an order.
   EXPECT_EQ(failedAt(1, PositionReport::clientWise, Fault::order), PositionBlock::clientNetPos);
   EXPECT_EQ(failedAt(1, PositionReport::scripWise, Fault::order), PositionBlock::scripNetPos);
