@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-#include "desktop/scripted/encoding.h"
+#include "text/encoding.h"
+#include "text/letters.h"
 
 extern "C" const std::uint8_t quillonResourcesStart[];
 extern "C" const std::uint8_t quillonResourcesEnd[];
@@ -14,7 +15,8 @@ static constexpr std::uint16_t typeDialog = 5, typeString = 6, typeAccelerator =
 static constexpr std::uint32_t styleVisible = 0x10000000, styleDisabled = 0x08000000, styleGroup = 0x00020000,
                                styleTabStop = 0x00010000, styleSystemMenu = 0x00080000;
 static constexpr std::uint32_t dialogSetFont = 0x40;
-static constexpr std::uint32_t editMultiLine = 0x4, editReadOnly = 0x800;
+static constexpr std::uint32_t editMultiLine = 0x4, editReadOnly = 0x800, editNumber = 0x2000;
+static constexpr std::uint32_t buttonTypes = 0xF, buttonStandard = 0x1;
 static constexpr std::uint16_t atomMark = 0xFFFF;  // a number follows in place of a text
 
 namespace {
@@ -72,15 +74,7 @@ static NameOrNumber takeNameOrNumber(Reader& reader) {
   return {false, 0, takeText(reader)};
 }
 
-static char upperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-static bool sameName(std::string_view name, std::string_view other) {
-  if (name.size() != other.size()) return false;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    if (upperCase(name[i]) != upperCase(other[i])) return false;
-  }
-  return true;
-}
+static bool sameName(std::string_view name, std::string_view other) { return upperCased(name) == upperCased(other); }
 
 static bool isNamed(const NameOrNumber& found, std::string_view name) {
   return found.isNumber ? sameName("#" + std::to_string(found.number), name) : sameName(found.text, name);
@@ -109,7 +103,7 @@ static ResourceBytes findResource(ResourceBytes bytes, std::uint16_t type, std::
 }
 
 static ControlKind buttonKind(std::uint32_t style, bool& automatic) {
-  switch (style & 0xF) {
+  switch (style & buttonTypes) {
     case 0x3:  // auto check box
     case 0x6:  // auto three-state
       automatic = true;
@@ -162,6 +156,8 @@ static ControlTemplate takeControl(Reader& reader, bool extended) {
   control.kind = kindOf(windowClass, style, control.automatic);
   control.readOnly = control.kind == ControlKind::edit && (style & editReadOnly);
   control.multiLine = control.kind == ControlKind::edit && (style & editMultiLine);
+  control.digitsOnly = control.kind == ControlKind::edit && (style & editNumber);
+  control.standard = control.kind == ControlKind::pushButton && (style & buttonTypes) == buttonStandard;
   control.visible = style & styleVisible;
   control.enabled = !(style & styleDisabled);
   control.group = style & styleGroup;

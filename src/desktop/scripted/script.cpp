@@ -13,13 +13,15 @@
 #include "desktop/scripted/app.h"
 #include "desktop/scripted/boxes.h"
 #include "desktop/scripted/clock.h"
-#include "desktop/scripted/encoding.h"
 #include "desktop/scripted/faults.h"
 #include "desktop/scripted/files.h"
 #include "desktop/scripted/forms.h"
+#include "desktop/scripted/json.h"
 #include "desktop/scripted/memory.h"
 #include "desktop/scripted/open_dialog.h"
+#include "desktop/scripted/trace.h"
 #include "desktop/scripted/transcript.h"
+#include "text/encoding.h"
 
 namespace quillon {
 
@@ -207,6 +209,13 @@ static bool carryOutType(Argument argument) { return carryOutWithText(argument, 
 
 static bool carryOutPick(Argument argument) { return carryOutWithText(argument, formsPick); }
 
+static bool carryOutEnter(Argument argument) {
+  if (argument) return false;
+  writeCommand();
+  writeRefusal(formsEnter());
+  return true;
+}
+
 static bool carryOutClose(Argument argument) {
   if (argument) return false;
   writeCommand();
@@ -232,8 +241,8 @@ static constexpr Command commands[] = {
     {"clock", true, carryOutClock},   {"printer", true, carryOutPrinter}, {"choose", true, carryOutChoose},
     {"answer", true, carryOutAnswer}, {"fail", true, carryOutFail},       {"tool", false, carryOutTool},
     {"key", false, carryOutKey},      {"form", false, carryOutForm},      {"press", false, carryOutPress},
-    {"type", false, carryOutType},    {"pick", false, carryOutPick},      {"close", false, carryOutClose},
-    {"show", false, carryOutShow},    {"quit", false, carryOutQuit},
+    {"type", false, carryOutType},    {"pick", false, carryOutPick},      {"enter", false, carryOutEnter},
+    {"close", false, carryOutClose},  {"show", false, carryOutShow},      {"quit", false, carryOutQuit},
 };
 
 static const Command* commandNamed(std::string_view word) {
@@ -285,6 +294,7 @@ static void carryOutArrangements() {
 
 static void resetDesktop() {
   transcriptMute(true);
+  traceReset();
   formsReset();
   boxesReset();
   openDialogReset();

@@ -11,6 +11,7 @@
 #include "desktop/scripted/script.h"
 #include "frame/date_rule.h"
 #include "frame/main_window.h"
+#include "resource.h"
 #include "support/approved.h"
 
 namespace quillon::test {
@@ -114,6 +115,25 @@ TEST_F(BrokerForm, refusedFileAndQuittingCloseAll) {
     EXPECT_EQ(result.streamsOpen, 0u);
     EXPECT_EQ(result.blocksHeld, 0u);
   }
+}
+
+// No box is open between the list and the net position, so no transcript shows what the Reply line reads there.
+TEST_F(BrokerForm, replyLineTellsOfEachSectionAsItIsPrinted) {
+  static std::vector<std::string> replies;
+  replies.clear();
+  scriptRun("tool PRNTBRKREP\n" + printingBoth("OUT.TXT"), [] {
+    static constexpr FormEntry forms[] = {{"PRNTBRKREP", [](const FormEvent& event) {
+                                             if (event.kind == FormEventKind::edit && event.control == IDC_BRKQRY_REPLY) {
+                                               replies.push_back(formGetText(event.form, IDC_BRKQRY_REPLY, 300));
+                                             }
+                                             brokerQueryFormEvent(event);
+                                           }}};
+    return frameRun(forms);
+  });
+  std::erase(replies, "");
+  EXPECT_EQ(replies, (std::vector<std::string>{"Printing of trades in Progress...Please wait.", "Broker Report printed. ",
+                                               "Printing of NetPosition in Progress... Please Wait.",
+                                               "Broker Report and NetPosition printed. "}));
 }
 
 // Every fault of a run, from the first of its kind until a run meets none: it is told, nothing is held afterwards, and the
