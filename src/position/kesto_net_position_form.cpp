@@ -15,6 +15,7 @@
 #include "position/kesto_net_position_report.h"
 #include "resource.h"
 #include "text/input.h"
+#include "text/letters.h"
 #include "text/output.h"
 
 namespace quillon {
@@ -191,13 +192,6 @@ static bool readRecords(FormHandle form, Input& input) {
   state.file.block = static_cast<KestoTradeRec*>(memoryTake((state.file.count + 1) * sizeof(KestoTradeRec)));
   if (!state.file.block) return endLoad(form, tradesFailed);
   return kestoPositionReadRecords(input, state.file) || endLoad(form, notRead);
-}
-
-static std::string upperCased(std::string text) {
-  for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return text;
 }
 
 static void onLoad(FormHandle form) {

@@ -87,6 +87,7 @@ static FormRun kestoNetPosition(const char* name, const char* sample, int option
   run.open = "";  // told at the load, and as a cancelled run at Print
   run.tell = "Error In Calculating No Of Records";
   run.read = "File cannot be read";
+  run.reply = IDC_KNETPOS_REPLY;
   return run;
 }
 
