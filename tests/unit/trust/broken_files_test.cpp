@@ -31,7 +31,8 @@ class BrokenFiles : public InOwnFolder {
     writeFile(run.sample, bytes);
     const Outcome outcome = runProgram(commandsOf(run, "OUT.TXT"));
     const bool box = outcome.transcript.find("{\"box\":") != std::string::npos;
-    EXPECT_TRUE(box || (run.reply && isOnReply(run, outcome.transcript))) << run.name << ", " << what << ": neither a message nor a completion\n" << outcome.transcript;
+    EXPECT_TRUE(box || (run.reply && isOnReply(run, outcome.transcript)))
+        << run.name << ", " << what << ": neither a message nor a completion\n" << outcome.transcript;
     EXPECT_EQ(outcome.status, 0) << run.name << ", " << what;
     EXPECT_TRUE(outcome.transcript.ends_with("{\"exit\":0}\n")) << run.name << ", " << what << "\n" << outcome.transcript;
   }
