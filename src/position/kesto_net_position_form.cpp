@@ -198,10 +198,7 @@ static void onLoad(FormHandle form) {
   formSetText(form, IDC_KNETPOS_REPLY, "");
   formSetEnabled(form, IDC_KNETPOS_LOAD, false);
   loadFile(loadKestoNetPosition, LoadVariant::standard, form, state.inputPath);
-  if (state.inputPath.empty()) {
-    formSetEnabled(form, IDC_KNETPOS_LOAD, true);
-    return;
-  }
+  if (state.inputPath.empty()) return offerLoad(form);
   state.loaded = true;
   const std::string name = std::move(fileSelection.fileTitle);
   fileSelection.fileTitle.clear();
