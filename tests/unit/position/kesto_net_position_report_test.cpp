@@ -63,6 +63,7 @@ TradeHeader wideHeader() {
 TradeHeader narrowHeader() {
   TradeHeader header = dealHeader('C');
   header.memberId = 5;
+  header.century = 9;
   header.hour = 9;
   header.second = 3;
   return header;
