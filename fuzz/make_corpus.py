@@ -12,6 +12,7 @@ FORMS = {
     "trades": ["TR*", "STR*", "TO*", "CT*"],
     "net_position": ["TR*", "CT*"],
     "slb_position": ["STR*"],
+    "kesto_net_position": ["CT*"],
     "broker_query": ["B[Rrb]*", "BB*", "CB*"],
     "touchlines": ["*.SAV", "*.SSAV"],
     "auction": ["MONY*", "OFFS*"],

@@ -9,6 +9,7 @@
 #include "logs/quote_log_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
+#include "position/kesto_net_position_form.h"
 #include "position/position_form.h"
 #include "trades/trades_form.h"
 
@@ -28,6 +29,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTBRKUP", breakupFormEvent},
     {"PRNTORDLOG", orderLogFormEvent},
     {"PRNTQUOTELOG", quoteLogFormEvent},
+    {"PRNTNETPOS", kestoNetPositionFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

@@ -74,6 +74,23 @@ static FormRun slbPosition(const char* name, const char* sample, int option) {
   return run;
 }
 
+// What is told of a block depends on the view and on the step; in most it is that the run was cancelled.
+static FormRun kestoNetPosition(const char* name, const char* sample, int option, const char* memory) {
+  FormRun run = netPosition(name, sample, option);
+  run.form = "PRNTNETPOS";
+  run.load = IDC_KNETPOS_LOAD;
+  run.print = IDC_KNETPOS_PRINT;
+  run.cancel = IDC_KNETPOS_CANCEL;
+  run.file = IDC_KNETPOS_FILE;
+  run.outFile = IDC_KNETPOS_OUTFILE;
+  run.memory = memory;
+  run.open = "";  // told at the load, and as a cancelled run at Print
+  run.tell = "Error In Calculating No Of Records";
+  run.read = "File cannot be read";
+  run.reply = IDC_KNETPOS_REPLY;
+  return run;
+}
+
 static FormRun touchlines(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTTLINE",
@@ -221,6 +238,8 @@ const std::vector<FormRun>& allRuns() {
       netPosition("net position by scrip", "TR250509.B01", IDC_NETPOS_SCRIP),
       netPosition("net position of one client, Kesto", "CT010109.B01", IDC_NETPOS_CLIENT_SCRIP),
       slbPosition("lending position of one scrip", "STR250509.B01", IDC_SLB_SCRIP_CLIENT),
+      kestoNetPosition("Kesto net position by scrip", "CT010109.B01", IDC_KNETPOS_SCRIP, " Data : Memory Allocation Failure"),
+      kestoNetPosition("Kesto net position of one client", "CT010109.B01", IDC_KNETPOS_CLIENT_SCRIP, ""),
       brokerQuery("broker query of 132 bytes with the net position", "BR010109.BIN", {IDC_BRKQRY_NETPOS}),
       brokerQuery("broker query of 160 bytes before the cut-over", "BR210509.BIN", {IDC_BRKQRY_SORT_TRADER}),
       brokerQuery("broker query of 160 bytes after the cut-over", "BR250509.BIN", {IDC_BRKQRY_SORT_SCRIP_ID, IDC_BRKQRY_NETPOS}),
