@@ -2,6 +2,8 @@
 // says, and get the list of trades, followed on request by the net position.
 #include "brokerquery/broker_form.h"
 
+#include <memory>
+#include <new>
 #include <string>
 
 #include "brokerquery/broker_file.h"
@@ -18,14 +20,16 @@
 
 namespace quillon {
 
-// The form's texts in the order in which a user meets them.
+// ---- Texts ------------------------------------------------------------------------------------------------------------
+
 static constexpr char titlePlain[] = "BROKER QUERY PRINTING";
 static constexpr char titleLoadedPrefix[] = "BRKQRY PRINTING - ";
 
 static constexpr char replyPrinting[] = "Printing of trades in Progress...Please wait.";
 // The message lacks a quote mark, and the edit keeps the number that was refused.
-static constexpr LinesPerPageRule linesPerPageRule = {
+static constexpr LinesPerPageRule linesRule = {
     .control = IDC_BRKQRY_LINES,
+    .initial = 50,
     .limit = 50,
     .fallback = 50,
     .message = "Lines per page cannot be '>50 or '<1'",
@@ -70,33 +74,54 @@ static constexpr char replyBothPrinted[] = "Broker Report and NetPosition printe
 static constexpr char completeText[] = "PRINTING COMPLETE";
 static constexpr char completeTitle[] = "PRINTING BRKQRY";
 
-static constexpr std::size_t outputNameLimit = 12;
-static constexpr std::size_t outputNameCapture = 14;
-static constexpr char defaultLinesPerPage[] = "50";
+// ---- Controls ---------------------------------------------------------------------------------------------------------
 
-static constexpr int sortControls[] = {IDC_BRKQRY_SORT_TIME, IDC_BRKQRY_SORT_SCRIP_CODE, IDC_BRKQRY_SORT_SCRIP_ID,
-                                       IDC_BRKQRY_SORT_CLIENT_ID, IDC_BRKQRY_SORT_TRADER};
-static constexpr int printToControls[] = {IDC_BRKQRY_PRINTER, IDC_BRKQRY_FILE};
-static constexpr int outputNameControls[] = {IDC_BRKQRY_OUTFILE, IDC_BRKQRY_OUTFILE_LABEL};
+static constexpr int sortOptions[] = {IDC_BRKQRY_SORT_TIME, IDC_BRKQRY_SORT_SCRIP_CODE, IDC_BRKQRY_SORT_SCRIP_ID,
+                                      IDC_BRKQRY_SORT_CLIENT_ID, IDC_BRKQRY_SORT_TRADER};
+static constexpr int destinations[] = {IDC_BRKQRY_PRINTER, IDC_BRKQRY_FILE};
+static constexpr int outFileControls[] = {IDC_BRKQRY_OUTFILE, IDC_BRKQRY_OUTFILE_LABEL};
 // What cannot be used while a run goes on.
 static constexpr int runControls[] = {IDC_BRKQRY_PRINTER,       IDC_BRKQRY_FILE,           IDC_BRKQRY_OUTFILE,
                                       IDC_BRKQRY_PRINT,         IDC_BRKQRY_SORT_TIME,      IDC_BRKQRY_SORT_SCRIP_CODE,
                                       IDC_BRKQRY_SORT_SCRIP_ID, IDC_BRKQRY_SORT_CLIENT_ID, IDC_BRKQRY_SORT_TRADER,
                                       IDC_BRKQRY_NETPOS,        IDC_BRKQRY_LINES};
 
-struct BrokerFormState {
-  FormHandle form;
-  std::string path;            // of the input; empty until one is loaded
-  std::string previousOutput;  // the last accepted text of the output name's edit
+static constexpr std::size_t outFileLimit = 12;    // characters that the edit takes
+static constexpr std::size_t outFileCapture = 14;  // characters that Print takes from it
+
+// ---- State ------------------------------------------------------------------------------------------------------------
+
+namespace {
+
+struct Options {
+  BrokerSort sort;
+  bool netPosition;
+  unsigned linesPerPage;
+  std::string outputName;
+};
+
+struct BrokerForm {
+  std::string inputPath;  // empty until a file is chosen
   Input* input;
   Output* output;
-  void* block;           // the records and a zero record behind them
-  std::uint32_t* order;  // their positions in the order of printing
+  TradeHeader header;
+  BrokerLayout layout;
+  bool shortColumns;
+  std::size_t count;
+  void* block;  // the records and a zero one behind them
   int pageNumber;
 };
-static BrokerFormState state;
+
+}  // namespace
+
+static BrokerForm state;
 
 // ---- The form between runs --------------------------------------------------------------------------------------------
+
+static void disableControls(FormHandle form) {
+  setControlsEnabled(form, runControls, false);
+  formSetCloseEnabled(form, false);
+}
 
 static void enableControls(FormHandle form) {
   setControlsEnabled(form, runControls, true);
@@ -104,19 +129,13 @@ static void enableControls(FormHandle form) {
   formSetCloseEnabled(form, true);
 }
 
-static void disableControls(FormHandle form) {
-  setControlsEnabled(form, runControls, false);
-  formSetCloseEnabled(form, false);
-}
-
 static void resetForm(FormHandle form) {
-  state.path.clear();
+  state.inputPath.clear();
   formSetText(form, IDC_BRKQRY_OUTFILE, "");
-  state.previousOutput.clear();
-  setControlsVisible(form, outputNameControls, false);
-  checkRadio(form, printToControls, IDC_BRKQRY_PRINTER);
-  checkRadio(form, sortControls, IDC_BRKQRY_SORT_TIME);
-  formSetText(form, IDC_BRKQRY_LINES, defaultLinesPerPage);
+  setControlsVisible(form, outFileControls, false);
+  checkRadio(form, destinations, IDC_BRKQRY_PRINTER);
+  checkRadio(form, sortOptions, IDC_BRKQRY_SORT_TIME);
+  showInitialLines(form, linesRule);
   formSetChecked(form, IDC_BRKQRY_NETPOS, false);
   formSetText(form, IDC_BRKQRY_REPLY, "");
   formSetTitle(form, titlePlain);
@@ -124,17 +143,17 @@ static void resetForm(FormHandle form) {
   state.pageNumber = 1;
 }
 
-static void load(FormHandle form) {
+static void onLoad(FormHandle form) {
   formSetText(form, IDC_BRKQRY_REPLY, "");
-  loadFile(loadBrokerQuery, LoadVariant::standard, form, state.path);
-  if (state.path.empty()) return;
+  loadFile(loadBrokerQuery, LoadVariant::standard, form, state.inputPath);
+  if (state.inputPath.empty()) return;
   formSetTitle(form, titleLoadedPrefix + fileSelection.fileTitle);
   fileSelection.fileTitle.clear();
   formSetEnabled(form, IDC_BRKQRY_LOAD, false);
   formSetFocus(form, IDC_BRKQRY_CANCEL);
 }
 
-static void cancel(FormHandle form) {
+static void onCancel(FormHandle form) {
   formSetText(form, IDC_BRKQRY_REPLY, "");
   (void)closeAllStreams();  // no report of this form is on its way between runs
   enableControls(form);
@@ -142,25 +161,6 @@ static void cancel(FormHandle form) {
 }
 
 // ---- A run ------------------------------------------------------------------------------------------------------------
-
-namespace {
-
-struct RunOptions {
-  BrokerSort sort;
-  bool netPosition;
-  unsigned linesPerPage;
-  std::string outputName;
-};
-
-// What the header settles about the rest of the file.
-struct FileFacts {
-  TradeHeader header;
-  BrokerLayout layout;
-  bool shortColumns;
-  std::size_t count;
-};
-
-}  // namespace
 
 static BrokerSort chosenSort(FormHandle form) {
   if (formIsChecked(form, IDC_BRKQRY_SORT_SCRIP_CODE)) return BrokerSort::scripCode;
@@ -170,67 +170,87 @@ static BrokerSort chosenSort(FormHandle form) {
   return BrokerSort::time;
 }
 
-static RunOptions captureOptions(FormHandle form) {
-  RunOptions options;
+static Options captureOptions(FormHandle form) {
+  Options options = {};
   options.sort = chosenSort(form);
   options.netPosition = formIsChecked(form, IDC_BRKQRY_NETPOS);
-  options.linesPerPage = captureLinesPerPage(form, linesPerPageRule);
+  options.linesPerPage = captureLinesPerPage(form, linesRule);
   options.outputName = printerName;
-  if (formIsChecked(form, IDC_BRKQRY_FILE)) options.outputName = formGetText(form, IDC_BRKQRY_OUTFILE, outputNameCapture);
+  if (formIsChecked(form, IDC_BRKQRY_FILE)) options.outputName = formGetText(form, IDC_BRKQRY_OUTFILE, outFileCapture);
   return options;
 }
 
-// An input that was opened stays open when the output is refused; the next run's end, or Cancel, closes it.
-static bool openFiles(FormHandle form, std::string& outputName) {
-  if (!requireInputPath(form, streamTexts, state.path)) return false;
-  state.input = openInputStream(form, streamTexts, state.path);
-  if (!state.input) return false;
-  if (!requireOutputName(form, streamTexts, outputName)) return false;
-  if (refuseInputAsOutput(form, streamTexts, state.path, outputName)) return false;
-  state.output = openOutputStream(form, streamTexts, outputName);
-  return state.output != nullptr;
+// A refusal here ends the run without closing anything: an input that was opened stays open until the next run's end, or
+// Cancel.
+static RunEnd openRun(FormHandle form, Options& options) {
+  const bool open = requireInputPath(form, streamTexts, state.inputPath) &&
+                    openInputStream(form, streamTexts, state.inputPath, state.input) &&
+                    requireOutputName(form, streamTexts, options.outputName) &&
+                    !refuseInputAsOutput(form, streamTexts, state.inputPath, options.outputName) &&
+                    openOutputStream(form, streamTexts, options.outputName, state.output);
+  if (open) return RunEnd::printed;
+  enableControls(form);
+  resetForm(form);
+  return RunEnd::kept;
 }
 
-static bool refuse(FormHandle form, const char* text) {
-  reportOnReplyAndBox(form, IDC_BRKQRY_REPLY, titlePlain, text, BoxIcon::error);
+static bool refuse(FormHandle form, const char* title, const char* text) {
+  reportOnReplyAndBox(form, IDC_BRKQRY_REPLY, title, text, BoxIcon::error);
   return false;
+}
+
+// Why a file without a whole header cannot be printed: it holds none, or the device does not give it.
+static const char* shortHeaderText() {
+  switch (whyNoHeader(*state.input)) {
+    case NoHeader::notMeasured:
+      return notCountedText;
+    case NoHeader::emptyFile:
+    case NoHeader::tooShort:
+      break;
+    case NoHeader::notRead:
+      return shortReadText;
+  }
+  return badKindText;
 }
 
 // Reads the header and settles layout, columns and date rule, in this order: a 'V' file asks its question, and the date rule
 // runs, before the file may turn out to be none of a broker query.
-static bool readFacts(FormHandle form, FileFacts& facts) {
-  if (!inputRead(*state.input, &facts.header, sizeof facts.header)) return refuse(form, badKindText);
-  const TradeHeader& header = facts.header;
+static bool readHeader(FormHandle form) {
+  TradeHeader& header = state.header;
+  if (!inputRead(*state.input, &header, sizeof header)) return refuse(form, titlePlain, shortHeaderText());
   bool recordSize132 = false;
-  facts.shortColumns = false;
+  state.shortColumns = false;
   // The date rule is not run for a lending file: the flag of the file before it stands.
   if (!fileSelection.isLendingFile) {
     recordSize132 = header.fileKind != 'V';
-    facts.shortColumns = true;
+    state.shortColumns = true;
     if (header.fileKind == 'V' &&
         boxAsk(form, groupQuestionTitle, groupQuestion, BoxIcon::question, BoxChoice::no) == BoxChoice::yes) {
-      facts.shortColumns = false;
+      state.shortColumns = false;
     }
     applyDateRule(header.century, header.year, header.month, header.day, DateRuleSlot::brokerQuery);
   }
 
   const std::optional<BrokerLayout> layout = chooseBrokerLayout(header.fileKind, recordSize132);
-  if (!layout) return refuse(form, badKindText);
-  facts.layout = *layout;
-  if (header.kind == 'T') return refuse(form, badContentText);
-  if (!countBrokerRecords(*state.input, facts.layout, facts.count)) return refuse(form, notCountedText);
+  if (!layout) return refuse(form, titlePlain, badKindText);
+  state.layout = *layout;
+  if (header.kind == 'T') return refuse(form, titlePlain, badContentText);
   return true;
 }
 
-static bool confirm(FormHandle form, const FileFacts& facts) {
-  const TradeHeader& header = facts.header;
+static bool countRecords(FormHandle form) {
+  return countBrokerRecords(*state.input, state.layout, state.count) || refuse(form, titlePlain, notCountedText);
+}
+
+static bool confirm(FormHandle form) {
+  const TradeHeader& header = state.header;
   // clang-format off
   const std::string text =
       formatText<"%s\n\n">(header.fileKind == 'B' ? "File Type: Kesto" : "File Type: Normal") +
       formatText<"MemberId=%ld\n\n">(header.memberId) +
       formatText<"Time %02d : %02d : %02d\n\n">(header.hour, header.minute, header.second) +
       formatText<"Date %02d%02d/%02d/%02d\n\n">(header.century, header.year, header.month, header.day) +
-      formatText<"Records in the File=%ld\n\n">(static_cast<std::int32_t>(facts.count)) +
+      formatText<"Records in the File=%ld\n\n">(static_cast<std::int32_t>(state.count)) +
       formatText<"%s\n\n">("Is it Correct?");
   // clang-format on
   if (boxAsk(form, confirmTitle, text, BoxIcon::question, BoxChoice::yes) == BoxChoice::yes) return true;
@@ -238,132 +258,89 @@ static bool confirm(FormHandle form, const FileFacts& facts) {
   return false;
 }
 
-static bool takeBlocks(const FileFacts& facts) {
-  state.block = memoryTake((facts.count + 1) * brokerRecordSize(facts.layout));
-  if (!state.block) return false;
-  state.order = static_cast<std::uint32_t*>(memoryTake((facts.count + 1) * sizeof *state.order));
-  return state.order != nullptr;
-}
-
-static void releaseBlocks() {
-  memoryFree(state.order);
-  memoryFree(state.block);
-  state.order = nullptr;
-  state.block = nullptr;
-}
-
-static bool failMemory(FormHandle form) {
-  reportOnReplyAndBox(form, IDC_BRKQRY_REPLY, noMemoryTitle, noMemoryText, BoxIcon::error);
-  return false;
-}
-
-// The run goes on with the records that follow; the one that failed stays all zero.
-static bool onShortRead() {
-  reportOnReplyAndBox(state.form, IDC_BRKQRY_REPLY, titlePlain, shortReadText, BoxIcon::error);
+// The run goes on with the records that follow one that failed, which stays all zero.
+static FormHandle readingForm;
+static bool tellReadFailed() {
+  (void)refuse(readingForm, titlePlain, shortReadText);
   return true;
 }
 
-static bool printReports(FormHandle form, const RunOptions& options, const FileFacts& facts) {
-  const Records stored = {state.block, brokerRecordSize(facts.layout), facts.count};
-  const BrokerRecords records = {facts.layout, state.block, facts.count, state.order};
-  const bool isLendingFile = fileSelection.isLendingFile;
+static bool readRecords(FormHandle form) {
+  state.block = memoryTake((state.count + 1) * brokerRecordSize(state.layout));
+  if (!state.block) return refuse(form, noMemoryTitle, noMemoryText);
+  readingForm = form;
+  (void)readBrokerRecords(*state.input, state.layout, state.block, state.count, tellReadFailed);  // nothing ends this load
+  return true;
+}
 
-  const BrokerSortKeys keys = brokerSortKeys(facts.layout, options.sort);
-  if (!recordOrder(stored, keys.first, keys.second, state.order)) return failMemory(form);
+static void printList(const Options& options, const BrokerRecords& records) {
+  const bool isLendingFile = fileSelection.isLendingFile;
   const BrokerArrangement arrangement =
-      chooseBrokerArrangement(facts.layout, {facts.shortColumns, preCutoverFlag(DateRuleSlot::brokerQuery), isLendingFile});
-  BrokerPage page = {facts.header, isLendingFile, state.pageNumber};
+      chooseBrokerArrangement(state.layout, {state.shortColumns, preCutoverFlag(DateRuleSlot::brokerQuery), isLendingFile});
+  BrokerPage page = {state.header, isLendingFile, state.pageNumber};
   printBrokerReport(*state.output, records, arrangement, options.linesPerPage, page);
   state.pageNumber = page.number;
+}
+
+static bool writeReport(FormHandle form, const Options& options) {
+  const Records stored = {state.block, brokerRecordSize(state.layout), state.count};
+  const std::unique_ptr<std::uint32_t[]> order(new (std::nothrow) std::uint32_t[state.count]);
+  const BrokerSortKeys keys = brokerSortKeys(state.layout, options.sort);
+  if (!order || !recordOrder(stored, keys.first, keys.second, order.get())) return refuse(form, noMemoryTitle, noMemoryText);
+  const BrokerRecords records = {state.layout, state.block, state.count, order.get()};
+  printList(options, records);
   showReply(form, IDC_BRKQRY_REPLY, replyPrinted);
   if (!options.netPosition) return true;
 
   showReply(form, IDC_BRKQRY_REPLY, replyNetPosition);
   if (options.sort != BrokerSort::scripId) {
-    const RecordKey scripId = brokerSortKeys(facts.layout, BrokerSort::scripId).first;
-    if (!recordOrder(stored, scripId, {KeyKind::none, 0, 0}, state.order)) return failMemory(form);
+    const RecordKey scripId = brokerSortKeys(state.layout, BrokerSort::scripId).first;
+    if (!recordOrder(stored, scripId, {KeyKind::none, 0, 0}, order.get())) return refuse(form, noMemoryTitle, noMemoryText);
   }
-  printBrokerNetPosition(*state.output, records, facts.header, isLendingFile);
+  printBrokerNetPosition(*state.output, records, state.header, fileSelection.isLendingFile);
   showReply(form, IDC_BRKQRY_REPLY, replyBothPrinted);
   return true;
 }
 
-// From the open files to the printed report; false when the run ended before it, which has been told.
-static bool printFile(FormHandle form, const RunOptions& options) {
-  FileFacts facts = {};
-  if (!readFacts(form, facts)) return false;
-  if (!confirm(form, facts)) return false;
-  if (!takeBlocks(facts)) return failMemory(form);
-  (void)readBrokerRecords(*state.input, facts.layout, state.block, facts.count, onShortRead);  // nothing ends this load
-  return printReports(form, options, facts);
+static RunEnd printFile(FormHandle form, const Options& options) {
+  const bool done = readHeader(form) && countRecords(form) && confirm(form) && readRecords(form) && writeReport(form, options);
+  return done ? RunEnd::printed : RunEnd::refused;
 }
 
-static void runPrint(FormHandle form) {
+static void endRun(FormHandle form, RunEnd end) {
+  if (end == RunEnd::kept) return;
+  const bool written = closeAllStreams();
+  enableControls(form);
+  memoryFree(state.block);
+  state.block = nullptr;
+  if (end == RunEnd::printed) showEndOfRun(form, IDC_BRKQRY_REPLY, completeTitle, completeText, written);
+  resetForm(form);
+}
+
+static void onPrint(FormHandle form) {
   showReply(form, IDC_BRKQRY_REPLY, replyPrinting);
   disableControls(form);
-  RunOptions options = captureOptions(form);
-  bool complete = false, written = false;
-  if (openFiles(form, options.outputName)) {
-    complete = printFile(form, options);
-    written = closeAllStreams();
-  }
-  enableControls(form);
-  releaseBlocks();
-  if (complete) showEndOfRun(form, IDC_BRKQRY_REPLY, completeTitle, completeText, written);
-  resetForm(form);
+  Options options = captureOptions(form);
+  RunEnd end = openRun(form, options);
+  if (end == RunEnd::printed) end = printFile(form, options);
+  endRun(form, end);
 }
 
 // ---- Events -----------------------------------------------------------------------------------------------------------
 
-static void onPress(const FormEvent& event) {
-  switch (event.control) {
-    case IDC_BRKQRY_LOAD:
-      load(event.form);
-      break;
-    case IDC_BRKQRY_PRINT:
-      runPrint(event.form);
-      break;
-    case IDC_BRKQRY_CANCEL:
-      cancel(event.form);
-      break;
-    case IDC_BRKQRY_FILE:
-      setControlsVisible(event.form, outputNameControls, true);
-      break;
-    case IDC_BRKQRY_PRINTER:
-      setControlsVisible(event.form, outputNameControls, false);
-      break;
-    default:
-      break;
-  }
-}
+static constexpr FormFrame frame = {
+    .tool = toolBrokerQuery,
+    .start = resetForm,
+    .load = {IDC_BRKQRY_LOAD, onLoad},
+    .print = {IDC_BRKQRY_PRINT, onPrint},
+    .cancel = {IDC_BRKQRY_CANCEL, onCancel},
+    .printer = IDC_BRKQRY_PRINTER,
+    .file = IDC_BRKQRY_FILE,
+    .outFileControls = outFileControls,
+    .outFile = IDC_BRKQRY_OUTFILE,
+    .outFileLimit = outFileLimit,
+};
 
-void brokerQueryFormEvent(const FormEvent& event) {
-  switch (event.kind) {
-    case FormEventKind::start:
-      state = {};
-      state.form = event.form;
-      resetForm(event.form);
-      break;
-    case FormEventKind::press:
-      onPress(event);
-      break;
-    case FormEventKind::edit:
-      if (event.control == IDC_BRKQRY_OUTFILE) {
-        limitEditText(event.form, IDC_BRKQRY_OUTFILE, state.previousOutput, outputNameLimit, editAnyCharacters);
-      }
-      break;
-    case FormEventKind::activate:
-      formRaise(event.form);
-      break;
-    case FormEventKind::close:
-      toolCommand(toolBrokerQuery);
-      break;
-    case FormEventKind::destroy:
-      toolFormGone(toolBrokerQuery);
-      break;
-    case FormEventKind::pick:
-      break;
-  }
-}
+void brokerQueryFormEvent(const FormEvent& event) { reportFormEvent(frame, event); }
 
 }  // namespace quillon

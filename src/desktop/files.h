@@ -14,6 +14,9 @@ struct FileStream;  // an open file or device
 
 // Null when it cannot be opened. The position is the start.
 FileStream* fileOpenInput(const std::string& path);
+// The same for a file that could be written to as well: one that is read-only, or that another program keeps from being
+// written, is refused. Nothing is written to it.
+FileStream* fileOpenUpdate(const std::string& path);
 // Makes the file anew, or opens the printer device when the name is "prn" in any case. Null when that fails. Names that
 // Windows keeps for devices that take no report ("NUL", "CON", "AUX") cannot be created.
 FileStream* fileCreateOutput(const std::string& path);
@@ -22,7 +25,7 @@ FileStream* fileCreateOutput(const std::string& path);
 
 [[nodiscard]] bool fileSeekEnd(FileStream* file);
 [[nodiscard]] bool fileSeekStart(FileStream* file);
-[[nodiscard]] bool fileRewind(FileStream* file);      // the start again, told apart from a seek by the faults alone
+[[nodiscard]] bool fileRewind(FileStream* file);        // the start again, told apart from a seek by the faults alone
 [[nodiscard]] std::int64_t fileTell(FileStream* file);  // the position in bytes; -1 on failure
 
 // How many bytes were read: fewer than `size` at the end of the file or on an error of the device.

@@ -1,16 +1,67 @@
 #include "frame/report_form.h"
 
 #include <algorithm>
+#include <array>
+#include <cassert>
 #include <cstdint>
 #include <limits>
 
 #include "desktop/files.h"
 #include "desktop/strings.h"
+#include "frame/tools.h"
 
 namespace quillon {
 
 static constexpr std::size_t editTextLimit = 300;
 static constexpr int stringInputRequired = 2036;
+
+// ---- Events -----------------------------------------------------------------------------------------------------------
+
+// What the edit of each tool's output name held before its last update.
+static std::array<std::string, 16> previousNames;
+
+static std::string& previousName(int tool) {
+  const auto isTool = [tool](const ToolButton& button) { return button.tool == tool; };
+  const auto found = std::find_if(toolTable.begin(), toolTable.end(), isTool);
+  assert(found != toolTable.end());
+  return previousNames[static_cast<std::size_t>(found - toolTable.begin())];
+}
+
+static void onPress(const FormFrame& frame, FormHandle form, int control) {
+  for (const FormButton& button : {frame.load, frame.print, frame.cancel}) {
+    if (button.pressed && control == button.control) return button.pressed(form);
+  }
+  if (frame.file && control == frame.file) return setControlsVisible(form, frame.outFileControls, true);
+  if (frame.printer && control == frame.printer) return setControlsVisible(form, frame.outFileControls, false);
+  if (frame.pressed) frame.pressed(form, control);
+}
+
+void reportFormEvent(const FormFrame& frame, const FormEvent& event) {
+  switch (event.kind) {
+    case FormEventKind::start:
+      previousName(frame.tool).clear();
+      return frame.start(event.form);
+    case FormEventKind::press:
+      return onPress(frame, event.form, event.control);
+    case FormEventKind::edit:
+      if (frame.outFileLimit && event.control == frame.outFile) {
+        limitEditText(event.form, event.control, previousName(frame.tool), frame.outFileLimit, editAnyCharacters);
+      }
+      return;
+    case FormEventKind::pick:
+      if (frame.picked) frame.picked(event.form, event.control);
+      return;
+    case FormEventKind::activate:
+      return formRaise(event.form);
+    case FormEventKind::close:
+      return toolCommand(frame.tool);
+    case FormEventKind::destroy:
+      if (frame.destroyed) frame.destroyed(event.form);
+      return toolFormGone(frame.tool);
+  }
+}
+
+// ---- Messages ---------------------------------------------------------------------------------------------------------
 
 static bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -26,10 +77,17 @@ void reportOnReplyAndBox(FormHandle form, int reply, const char* title, std::str
   boxShow(form, title, text, icon);
 }
 
-static void showMessage(FormHandle form, const StreamTexts& texts, const Message& message, BoxIcon icon) {
-  if (message.reply) showReply(form, texts.reply, message.reply);
-  boxShow(form, texts.title, message.box, icon);
+void showMessage(FormHandle form, int reply, const char* title, const Message& message, BoxIcon icon) {
+  if (message.reply) showReply(form, reply, message.reply);
+  if (message.box) boxShow(form, message.title ? message.title : title, message.box, icon);
+  if (message.focus) formSetFocus(form, message.focus);
 }
+
+static void showMessage(FormHandle form, const StreamTexts& texts, const Message& message, BoxIcon icon) {
+  showMessage(form, texts.reply, texts.title, message, icon);
+}
+
+// ---- Options ----------------------------------------------------------------------------------------------------------
 
 unsigned formGetNumber(FormHandle form, int control) {
   const std::string text = formGetText(form, control, editTextLimit);
@@ -43,11 +101,15 @@ unsigned formGetNumber(FormHandle form, int control) {
   return static_cast<unsigned>(number);
 }
 
+void showInitialLines(FormHandle form, const LinesPerPageRule& rule) {
+  formSetText(form, rule.control, std::to_string(rule.initial));
+}
+
 unsigned captureLinesPerPage(FormHandle form, const LinesPerPageRule& rule) {
   const unsigned lines = formGetNumber(form, rule.control);
   if (lines >= 1 && lines <= rule.limit) return lines;
   if (rule.reply) showReply(form, rule.reply, rule.message);
-  boxShow(form, rule.title, rule.message, BoxIcon::exclamation);
+  boxShow(rule.ownerless ? nullptr : form, rule.title, rule.message, BoxIcon::exclamation);
   if (rule.writeBack) formSetText(form, rule.writeBack, std::to_string(rule.fallback));
   return rule.fallback;
 }
@@ -75,35 +137,45 @@ void checkRadio(FormHandle form, std::span<const int> group, int checked) {
   for (int control : group) formSetChecked(form, control, control == checked);
 }
 
+// ---- Streams ----------------------------------------------------------------------------------------------------------
+
 bool outputNameIsValid(std::string& name) {
   std::transform(name.begin(), name.end(), name.begin(), upperCase);
   return name.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890.") == std::string::npos;
 }
 
+std::string noInputMessage() { return stringLoad(stringInputRequired, editTextLimit).value_or(noInputText); }
+
 bool requireInputPath(FormHandle form, const StreamTexts& texts, const std::string& path) {
   if (!path.empty()) return true;
-  const std::string text = stringLoad(stringInputRequired, editTextLimit).value_or(noInputText);
-  if (texts.noInput.reply) showReply(form, texts.reply, texts.noInput.reply);
-  boxShow(form, texts.title, text, BoxIcon::exclamation);
+  const std::string text = noInputMessage();
+  Message message = texts.noInput;
+  if (message.box) message.box = text.c_str();
+  showMessage(form, texts, message, BoxIcon::exclamation);
   return false;
 }
 
-Input* openInputStream(FormHandle form, const StreamTexts& texts, const std::string& path) {
-  Input* input = inputOpen(path, texts.inputKind);
+bool openInputStream(FormHandle form, const StreamTexts& texts, const std::string& path, Input*& input) {
+  input = inputOpen(path, texts.inputKind);
+  inputHold(input);
   if (!input) showMessage(form, texts, texts.inputNotOpened, BoxIcon::error);
-  return input;
+  return input != nullptr;
+}
+
+bool refuseEmptyName(FormHandle form, const StreamTexts& texts, const std::string& name) {
+  if (!name.empty()) return false;
+  showMessage(form, texts, texts.noOutputName, BoxIcon::exclamation);
+  return true;
+}
+
+bool refuseBadName(FormHandle form, const StreamTexts& texts, std::string& name) {
+  if (outputNameIsValid(name)) return false;
+  showMessage(form, texts, texts.badOutputName, BoxIcon::exclamation);
+  return true;
 }
 
 bool requireOutputName(FormHandle form, const StreamTexts& texts, std::string& name) {
-  if (name.empty()) {
-    showMessage(form, texts, texts.noOutputName, BoxIcon::exclamation);
-    return false;
-  }
-  if (!outputNameIsValid(name)) {
-    showMessage(form, texts, texts.badOutputName, BoxIcon::exclamation);
-    return false;
-  }
-  return true;
+  return !refuseEmptyName(form, texts, name) && !refuseBadName(form, texts, name);
 }
 
 bool refuseInputAsOutput(FormHandle form, const StreamTexts& texts, const std::string& path, const std::string& name) {
@@ -116,30 +188,27 @@ static bool isPrinter(const std::string& name) {
   return name.size() == 3 && upperCase(name[0]) == 'P' && upperCase(name[1]) == 'R' && upperCase(name[2]) == 'N';
 }
 
-Output* openOutputStream(FormHandle form, const StreamTexts& texts, const std::string& name) {
-  Output* output = outputOpen(name);
-  if (output) return output;
+bool openOutputStream(FormHandle form, const StreamTexts& texts, const std::string& name, Output*& output) {
+  output = outputOpen(name);
+  outputHold(output);
+  if (output) return true;
   if (texts.printerTest == PrinterTest::anyCase && isPrinter(name)) {
     showMessage(form, texts, texts.printerNotOpened, BoxIcon::exclamation);
   } else {
     showMessage(form, texts, texts.outputNotOpened, BoxIcon::error);
   }
-  return nullptr;
+  return false;
 }
 
 bool openStreams(FormHandle form, const StreamTexts& texts, const std::string& path, std::string& name, Input*& input,
                  Output*& output) {
   if (!requireInputPath(form, texts, path)) return false;
-  input = openInputStream(form, texts, path);
-  if (!input) return false;
+  if (!openInputStream(form, texts, path, input)) return false;
   if (!requireOutputName(form, texts, name)) return false;
   if (refuseInputAsOutput(form, texts, path, name)) return false;
-  output = openOutputStream(form, texts, name);
-  if (!output) {
-    (void)closeAllStreams();  // nothing was written yet
-    return false;
-  }
-  return true;
+  if (openOutputStream(form, texts, name, output)) return true;
+  (void)closeAllStreams();  // nothing was written yet
+  return false;
 }
 
 bool closeAllStreams() {

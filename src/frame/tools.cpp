@@ -1,5 +1,6 @@
 #include "frame/tools.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -70,10 +71,31 @@ static FormHandler handlerOf(const char* resource) {
   return ignoreEvent;
 }
 
-static FormHandle createDialog(const char* resource) {
-  const FormHandle form = formCreate(resource, handlerOf(resource));
-  if (!form) boxShow(nullptr, nullptr, "Dialog Creation Failed", BoxIcon::error);
-  return form;
+namespace {
+
+// What is told when a form cannot be made.
+struct CreationFailure {
+  int tool;
+  const char* text;
+  const char* title;
+};
+
+}  // namespace
+
+static constexpr CreationFailure commonFailure = {0, "Dialog Creation Failed", nullptr};
+static constexpr CreationFailure ownFailures[] = {
+    {toolDelivery, "Error Creating Delivery Box", "ERROR"},
+    {toolConvert, "Dialog Creation Failed", "CONVERT"},
+};
+
+static FormHandle createDialog(const ToolButton& button) {
+  const FormHandle form = formCreate(button.form, handlerOf(button.form));
+  if (form) return form;
+  const auto isOwn = [&button](const CreationFailure& row) { return row.tool == button.tool; };
+  const auto own = std::find_if(std::begin(ownFailures), std::end(ownFailures), isOwn);
+  const CreationFailure& told = own != std::end(ownFailures) ? *own : commonFailure;
+  boxShow(nullptr, told.title, told.text, BoxIcon::error);
+  return nullptr;
 }
 
 void toolsSetForms(std::span<const FormEntry> forms) {
@@ -100,7 +122,7 @@ void toolCommand(int tool) {
     appSetToolChecked(tool, false);
     return;
   }
-  handle = createDialog(buttons[position].form);
+  handle = createDialog(buttons[position]);
   if (handle) formShow(handle);
   appSetToolChecked(tool, true);
 }

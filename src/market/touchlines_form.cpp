@@ -1,5 +1,6 @@
-// The steps of a Touchlines run. The file is first looked at when Print is pressed, and the user is asked nothing about it.
-
+// The Touchlines form (PRNTTLINE). The user loads one saved touchlines file, says whether it is a normal or a Kesto one, and
+// gets its scrips as a table, by code or by symbol. The file is first looked at when Print is pressed, and the user is asked
+// nothing about it.
 #include "market/touchlines_form.h"
 
 #include <algorithm>
@@ -18,20 +19,20 @@
 
 namespace quillon {
 
+// ---- Texts ------------------------------------------------------------------------------------------------------------
+
 static constexpr char formTitle[] = "TOUCHLINES PRINTING";
 static constexpr char loadedTitle[] = "TLINES PRINTING - ";
 static constexpr char boxTitle[] = "PRINTING TLINES";
 static constexpr char kestoBoxTitle[] = "PRINTING KESTO TLINES";
 static constexpr char memoryTitle[] = "Error";
 
-static constexpr unsigned defaultLines = 50;
-static constexpr std::size_t outputNameLimit = 14;
-
 // The edit keeps its wrong entry: the fallback is told, and taken, but not shown.
 static constexpr LinesPerPageRule linesRule = {
     .control = IDC_TLINE_LINES,
+    .initial = 50,
     .limit = 50,
-    .fallback = defaultLines,
+    .fallback = 50,
     .message = "Lines per page cannot be '>50 or '<1'",
     .title = boxTitle,
     .writeBack = 0,
@@ -64,7 +65,7 @@ namespace {
 // Where the two kinds of file differ in words.
 struct KindTexts {
   const char* title;  // of the boxes of counting, writing and completion
-  Message notReopened;
+  const char* notReopened;
   const char* noMemory;
 };
 
@@ -72,60 +73,77 @@ struct KindTexts {
 
 static constexpr KindTexts normalTexts = {
     .title = boxTitle,
-    .notReopened = {"Error In Opening Touchlines File", "Error In Opening Touchlines File"},
+    .notReopened = "Error In Opening Touchlines File",
     .noMemory = "Touchlines Data: Memory Allocation Failure",
 };
 static constexpr KindTexts kestoTexts = {
     .title = kestoBoxTitle,
-    .notReopened = {"Error In Opening Kesto Touchlines File", "Error In Opening Kesto Touchlines File"},
+    .notReopened = "Error In Opening Kesto Touchlines File",
     .noMemory = "Kesto Touchlines Data: Memory Allocation Failure",
 };
 
-static constexpr int sortRadios[] = {IDC_TLINE_SORT_SCRIP_CODE, IDC_TLINE_SORT_SCRIP_ID};
-static constexpr int kindRadios[] = {IDC_TLINE_NORMAL, IDC_TLINE_KESTO};
-static constexpr int printRadios[] = {IDC_TLINE_PRINTER, IDC_TLINE_FILE};
-static constexpr int outputControls[] = {IDC_TLINE_OUTFILE_LABEL, IDC_TLINE_OUTFILE};
+// ---- Controls ---------------------------------------------------------------------------------------------------------
+
+static constexpr int sortOptions[] = {IDC_TLINE_SORT_SCRIP_CODE, IDC_TLINE_SORT_SCRIP_ID};
+static constexpr int kindOptions[] = {IDC_TLINE_NORMAL, IDC_TLINE_KESTO};
+static constexpr int destinations[] = {IDC_TLINE_PRINTER, IDC_TLINE_FILE};
+static constexpr int outFileControls[] = {IDC_TLINE_OUTFILE_LABEL, IDC_TLINE_OUTFILE};
 // Cancel is not among them: it stays enabled during a run, though nothing answers it.
 static constexpr int runControls[] = {
     IDC_TLINE_PRINTER,       IDC_TLINE_FILE,   IDC_TLINE_OUTFILE, IDC_TLINE_PRINT, IDC_TLINE_SORT_SCRIP_CODE,
     IDC_TLINE_SORT_SCRIP_ID, IDC_TLINE_NORMAL, IDC_TLINE_KESTO,   IDC_TLINE_LOAD};
 
-static struct {
-  std::string inputPath;  // empty until a file is chosen
-  std::string outputName;
+static constexpr std::size_t outFileCapture = 14;  // characters that Print takes from the edit
+
+// ---- State ------------------------------------------------------------------------------------------------------------
+
+namespace {
+
+struct Options {
   bool byScripCode;
   bool kesto;
   unsigned linesPerPage;
-  Input* input;    // given back by closeAllStreams
-  Output* output;  // likewise
+  std::string outputName;
+};
+
+struct TouchlinesForm {
+  std::string inputPath;  // empty until a file is chosen
+  Input* input;
+  Output* output;
   void* block;     // the records, then their order; freed at the end of the run
   bool probeLost;  // the output that only proved that it can be written could not be closed
-} state;
+};
 
-static void fail(FormHandle form, const char* title, const char* text, BoxIcon icon) {
-  reportOnReplyAndBox(form, IDC_TLINE_REPLY, title, text, icon);
+}  // namespace
+
+static TouchlinesForm state;
+
+// ---- The form between runs --------------------------------------------------------------------------------------------
+
+static void disableControls(FormHandle form) {
+  setControlsEnabled(form, runControls, false);
+  formSetCloseEnabled(form, false);
 }
 
-static void setRunning(FormHandle form, bool running) {
-  setControlsEnabled(form, runControls, !running);
-  formSetCloseEnabled(form, !running);
+static void enableControls(FormHandle form) {
+  setControlsEnabled(form, runControls, true);
+  formSetCloseEnabled(form, true);
 }
 
 static void resetForm(FormHandle form) {
   state.inputPath.clear();
-  state.outputName.clear();
   formSetText(form, IDC_TLINE_OUTFILE, "");
-  setControlsVisible(form, outputControls, false);
-  checkRadio(form, printRadios, IDC_TLINE_PRINTER);
-  checkRadio(form, sortRadios, IDC_TLINE_SORT_SCRIP_ID);
-  checkRadio(form, kindRadios, IDC_TLINE_NORMAL);
-  formSetText(form, IDC_TLINE_LINES, std::to_string(defaultLines));
+  setControlsVisible(form, outFileControls, false);
+  checkRadio(form, destinations, IDC_TLINE_PRINTER);
+  checkRadio(form, sortOptions, IDC_TLINE_SORT_SCRIP_ID);
+  checkRadio(form, kindOptions, IDC_TLINE_NORMAL);
+  showInitialLines(form, linesRule);
   formSetText(form, IDC_TLINE_REPLY, "");
   formSetTitle(form, formTitle);
   formSetFocus(form, IDC_TLINE_LOAD);
 }
 
-static void load(FormHandle form) {
+static void onLoad(FormHandle form) {
   showReply(form, IDC_TLINE_REPLY, "");
   loadFile(loadTouchlines, LoadVariant::standard, form, state.inputPath);
   if (state.inputPath.empty()) return;
@@ -135,88 +153,89 @@ static void load(FormHandle form) {
   formSetFocus(form, IDC_TLINE_PRINT);
 }
 
-static void captureOptions(FormHandle form) {
-  state.byScripCode = formIsChecked(form, IDC_TLINE_SORT_SCRIP_CODE);
-  state.kesto = formIsChecked(form, IDC_TLINE_KESTO);
-  state.linesPerPage = captureLinesPerPage(form, linesRule);
-  const bool toFile = formIsChecked(form, IDC_TLINE_FILE);
-  state.outputName = toFile ? formGetText(form, IDC_TLINE_OUTFILE, outputNameLimit) : printerName;
+static void onCancel(FormHandle form) {
+  showReply(form, IDC_TLINE_REPLY, "");
+  (void)closeAllStreams();  // no report is being written between runs
+  enableControls(form);
+  resetForm(form);
+}
+
+// ---- A run ------------------------------------------------------------------------------------------------------------
+
+static Options captureOptions(FormHandle form) {
+  Options options = {};
+  options.byScripCode = formIsChecked(form, IDC_TLINE_SORT_SCRIP_CODE);
+  options.kesto = formIsChecked(form, IDC_TLINE_KESTO);
+  options.linesPerPage = captureLinesPerPage(form, linesRule);
+  options.outputName = printerName;
+  if (formIsChecked(form, IDC_TLINE_FILE)) options.outputName = formGetText(form, IDC_TLINE_OUTFILE, outFileCapture);
+  return options;
+}
+
+static bool refuse(FormHandle form, const char* title, const char* text, BoxIcon icon = BoxIcon::error) {
+  reportOnReplyAndBox(form, IDC_TLINE_REPLY, title, text, icon);
+  return false;
 }
 
 static bool requireInputName(FormHandle form) {
   // ".SSAV" does not hold ".SAV".
   if (fileNameHolds(state.inputPath, {".SSAV", ".SAV"})) return true;
-  fail(form, boxTitle, badInputNameText, BoxIcon::exclamation);
-  return false;
+  return refuse(form, boxTitle, badInputNameText, BoxIcon::exclamation);
 }
 
 // Proves that everything can be opened before anything is counted.
-static bool validate(FormHandle form) {
-  if (!requireInputPath(form, streamTexts, state.inputPath)) return false;
-  state.input = openInputStream(form, streamTexts, state.inputPath);
-  if (!state.input) return false;
-  if (!requireInputName(form)) return false;
-  if (!requireOutputName(form, streamTexts, state.outputName)) return false;
-  if (refuseInputAsOutput(form, streamTexts, state.inputPath, state.outputName)) return false;
-  state.output = openOutputStream(form, streamTexts, state.outputName);
-  return state.output != nullptr;
+static RunEnd openRun(FormHandle form, Options& options) {
+  const bool open = requireInputPath(form, streamTexts, state.inputPath) &&
+                    openInputStream(form, streamTexts, state.inputPath, state.input) && requireInputName(form) &&
+                    requireOutputName(form, streamTexts, options.outputName) &&
+                    !refuseInputAsOutput(form, streamTexts, state.inputPath, options.outputName) &&
+                    openOutputStream(form, streamTexts, options.outputName, state.output);
+  return open ? RunEnd::printed : RunEnd::refused;
 }
 
 static bool reopenInput(FormHandle form, const KindTexts& texts) {
   inputClose(state.input);
   state.input = inputOpen(state.inputPath, InputKind::text);
-  if (state.input) return true;
-  fail(form, texts.title, texts.notReopened.box, BoxIcon::error);
-  return false;
+  inputHold(state.input);
+  return state.input || refuse(form, texts.title, texts.notReopened);
 }
 
 // A header with no records does not print.
 static bool requireScrips(FormHandle form, const TouchlineCount& counted) {
-  if (counted.pieces < 2) {
-    fail(form, boxTitle, zeroScripsText, BoxIcon::error);
-    return false;
-  }
+  if (counted.pieces < 2) return refuse(form, boxTitle, zeroScripsText);
   // What was not counted could not be printed, and nobody would see that it is missing.
-  if (counted.failed) {
-    fail(form, boxTitle, readFailedText, BoxIcon::error);
-    return false;
-  }
-  return true;
+  return !counted.failed || refuse(form, boxTitle, readFailedText);
 }
 
 // One block: the records with a zero one behind them, then their order.
 static bool takeBlock(FormHandle form, const KindTexts& texts, std::size_t recordSize, std::size_t count) {
   state.block = memoryTake((count + 1) * recordSize + count * sizeof(std::uint32_t));
-  if (state.block) return true;
-  fail(form, memoryTitle, texts.noMemory, BoxIcon::error);
-  return false;
+  return state.block || refuse(form, memoryTitle, texts.noMemory);
 }
 
 static void rewindInput(FormHandle form) {
-  if (!inputRewind(*state.input)) fail(form, boxTitle, rewindFailedText, BoxIcon::error);
+  if (!inputRewind(*state.input)) (void)refuse(form, boxTitle, rewindFailedText);
 }
 
-static bool sortRecords(FormHandle form, const KindTexts& texts, const Records& records, std::size_t codeOffset,
-                        std::uint32_t* order) {
+static bool sortRecords(FormHandle form, const KindTexts& texts, const Options& options, const Records& records,
+                        std::size_t codeOffset, std::uint32_t* order) {
   const RecordKey byCode = {KeyKind::number, codeOffset, 4};
   const RecordKey byId = {KeyKind::text, 0, 12};
-  if (recordOrder(records, state.byScripCode ? byCode : byId, {KeyKind::none, 0, 0}, order)) return true;
-  fail(form, memoryTitle, texts.noMemory, BoxIcon::error);
-  return false;
+  if (recordOrder(records, options.byScripCode ? byCode : byId, {KeyKind::none, 0, 0}, order)) return true;
+  return refuse(form, memoryTitle, texts.noMemory);
 }
 
 // Opens the output a second time, for the report itself.
-static bool openWriter(FormHandle form, const KindTexts& texts) {
+static bool openWriter(FormHandle form, const KindTexts& texts, const Options& options) {
   state.probeLost = !outputClose(state.output);
-  state.output = outputOpen(state.outputName);
-  if (state.output) return true;
-  fail(form, texts.title, writerNotOpenedText, BoxIcon::error);
-  return false;
+  state.output = outputOpen(options.outputName);
+  outputHold(state.output);
+  return state.output || refuse(form, texts.title, writerNotOpenedText);
 }
 
-static TouchlinesOptions reportOptions() { return {state.linesPerPage, fileSelection.isLendingFile}; }
+static TouchlinesOptions reportOptions(const Options& options) { return {options.linesPerPage, fileSelection.isLendingFile}; }
 
-static bool printNormal(FormHandle form) {
+static bool printNormal(FormHandle form, const Options& options) {
   if (!reopenInput(form, normalTexts)) return false;
   const TouchlineCount counted = countNormalTouchlines(*state.input);
   if (!requireScrips(form, counted)) return false;
@@ -227,15 +246,15 @@ static bool printNormal(FormHandle form) {
 
   rewindInput(form);
   TouchlineHeader header;
-  if (!readNormalTouchlines(*state.input, header, records, count)) fail(form, boxTitle, readFailedText, BoxIcon::error);
+  if (!readNormalTouchlines(*state.input, header, records, count)) (void)refuse(form, boxTitle, readFailedText);
   const Records sorted = {records, sizeof(NormalTouchline), count};
-  if (!sortRecords(form, normalTexts, sorted, offsetof(NormalTouchline, scripCode), order)) return false;
-  if (!openWriter(form, normalTexts)) return false;
-  writeNormalTouchlines(*state.output, header, records, {order, count}, reportOptions());
+  if (!sortRecords(form, normalTexts, options, sorted, offsetof(NormalTouchline, scripCode), order)) return false;
+  if (!openWriter(form, normalTexts, options)) return false;
+  writeNormalTouchlines(*state.output, header, records, {order, count}, reportOptions(options));
   return true;
 }
 
-static bool printKesto(FormHandle form) {
+static bool printKesto(FormHandle form, const Options& options) {
   if (!reopenInput(form, kestoTexts)) return false;
   const TouchlineCount counted = countKestoTouchlines(*state.input);
   if (!requireScrips(form, counted)) return false;
@@ -247,85 +266,55 @@ static bool printKesto(FormHandle form) {
   rewindInput(form);
   TouchlineHeader header;
   if (!readKestoTouchlines(*state.input, header, records, count, counted.passOver)) {
-    fail(form, boxTitle, readFailedText, BoxIcon::error);
+    (void)refuse(form, boxTitle, readFailedText);
   }
   const Records sorted = {records, sizeof(KestoTouchline), count};
-  if (!sortRecords(form, kestoTexts, sorted, offsetof(KestoTouchline, scripCode), order)) return false;
-  if (!openWriter(form, kestoTexts)) return false;
-  writeKestoTouchlines(*state.output, header, records, {order, count}, reportOptions());
+  if (!sortRecords(form, kestoTexts, options, sorted, offsetof(KestoTouchline, scripCode), order)) return false;
+  if (!openWriter(form, kestoTexts, options)) return false;
+  writeKestoTouchlines(*state.output, header, records, {order, count}, reportOptions(options));
   return true;
 }
 
-static void run(FormHandle form) {
-  showReply(form, IDC_TLINE_REPLY, "");
-  setRunning(form, true);
-  captureOptions(form);
-  if (validate(form) && (state.kesto ? printKesto(form) : printNormal(form))) {
-    // The streams are closed ahead of the last box, since a close can still lose the report.
-    const bool written = closeAllStreams() && !state.probeLost;
+static RunEnd printFile(FormHandle form, const Options& options) {
+  return (options.kesto ? printKesto(form, options) : printNormal(form, options)) ? RunEnd::printed : RunEnd::refused;
+}
+
+static void endRun(FormHandle form, const Options& options, RunEnd end) {
+  // The streams are closed ahead of the last box, since a close can still lose the report.
+  const bool written = closeAllStreams() && !state.probeLost;
+  if (end == RunEnd::printed) {
     if (written) showReply(form, IDC_TLINE_REPLY, completionReply);
-    showEndOfRun(form, IDC_TLINE_REPLY, state.kesto ? kestoBoxTitle : boxTitle, completionText, written);
+    showEndOfRun(form, IDC_TLINE_REPLY, options.kesto ? kestoBoxTitle : boxTitle, completionText, written);
   }
-  (void)closeAllStreams();  // of a run that failed: its report is not complete, and that was told
-  state.input = nullptr;
-  state.output = nullptr;
   state.probeLost = false;
-  setRunning(form, false);
+  enableControls(form);
   memoryFree(state.block);
   state.block = nullptr;
   resetForm(form);
 }
 
-static void cancel(FormHandle form) {
+static void onPrint(FormHandle form) {
   showReply(form, IDC_TLINE_REPLY, "");
-  (void)closeAllStreams();  // no report is being written between runs
-  setRunning(form, false);
-  resetForm(form);
+  disableControls(form);
+  Options options = captureOptions(form);
+  RunEnd end = openRun(form, options);
+  if (end == RunEnd::printed) end = printFile(form, options);
+  endRun(form, options, end);
 }
 
-static void press(FormHandle form, int control) {
-  switch (control) {
-    case IDC_TLINE_LOAD:
-      load(form);
-      break;
-    case IDC_TLINE_PRINT:
-      run(form);
-      break;
-    case IDC_TLINE_CANCEL:
-      cancel(form);
-      break;
-    case IDC_TLINE_PRINTER:
-      setControlsVisible(form, outputControls, false);
-      break;
-    case IDC_TLINE_FILE:
-      setControlsVisible(form, outputControls, true);
-      break;
-    default:
-      break;
-  }
-}
+// ---- Events -----------------------------------------------------------------------------------------------------------
 
-void touchlinesFormEvent(const FormEvent& event) {
-  switch (event.kind) {
-    case FormEventKind::start:
-      resetForm(event.form);
-      break;
-    case FormEventKind::press:
-      press(event.form, event.control);
-      break;
-    case FormEventKind::activate:
-      formRaise(event.form);
-      break;
-    case FormEventKind::close:
-      toolCommand(toolTouchlines);
-      break;
-    case FormEventKind::destroy:
-      toolFormGone(toolTouchlines);
-      break;
-    case FormEventKind::edit:
-    case FormEventKind::pick:
-      break;
-  }
-}
+static constexpr FormFrame frame = {
+    .tool = toolTouchlines,
+    .start = resetForm,
+    .load = {IDC_TLINE_LOAD, onLoad},
+    .print = {IDC_TLINE_PRINT, onPrint},
+    .cancel = {IDC_TLINE_CANCEL, onCancel},
+    .printer = IDC_TLINE_PRINTER,
+    .file = IDC_TLINE_FILE,
+    .outFileControls = outFileControls,
+};
+
+void touchlinesFormEvent(const FormEvent& event) { reportFormEvent(frame, event); }
 
 }  // namespace quillon

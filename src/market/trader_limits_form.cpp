@@ -1,6 +1,6 @@
-// The steps of a Trader Limits run. The user's choice of kind and the title in the file's first line decide between four
-// layouts; the file's extension does not.
-
+// The Trader Limits form (PRNTTRDLM). The user loads one trader limits file, says whether it is a normal or a Kesto one, and
+// gets its limits by trader or by scrip. The choice of kind and the title in the file's first line decide between four layouts;
+// the file's extension does not.
 #include "market/trader_limits_form.h"
 
 #include <string>
@@ -17,19 +17,19 @@
 
 namespace quillon {
 
+// ---- Texts ------------------------------------------------------------------------------------------------------------
+
 static constexpr char formTitle[] = "TRADER LIMITS PRINTING";
 static constexpr char loadedTitle[] = "TRD LIMITS PRINTING - ";
 static constexpr char boxTitle[] = "PRINTING TRDLIMITS";
 static constexpr char memoryTitle[] = "Error";
 
-static constexpr unsigned defaultLines = 50;
-static constexpr std::size_t outputNameLimit = 14;
-
 // All four layouts take the form's value as it is, up to 50: the trader-wise ones as well.
 static constexpr LinesPerPageRule linesRule = {
     .control = IDC_TRDLIM_LINES,
+    .initial = 50,
     .limit = 50,
-    .fallback = defaultLines,
+    .fallback = 50,
     .message = "Lines per page cannot be '>50' or '<1'",
     .title = boxTitle,
     .writeBack = IDC_TRDLIM_LINES,
@@ -64,56 +64,64 @@ static constexpr char readFailedText[] = "Error in Reading File";
 static constexpr char writerNotOpenedText[] = "Error in opening Outfile";
 static constexpr char completionText[] = "PRINTING COMPLETE";
 
-static constexpr int kindRadios[] = {IDC_TRDLIM_NORMAL, IDC_TRDLIM_KESTO};
-static constexpr int printRadios[] = {IDC_TRDLIM_PRINTER, IDC_TRDLIM_FILE};
-static constexpr int outputControls[] = {IDC_TRDLIM_OUTFILE_LABEL, IDC_TRDLIM_OUTFILE};
+// ---- Controls ---------------------------------------------------------------------------------------------------------
+
+static constexpr int kindOptions[] = {IDC_TRDLIM_NORMAL, IDC_TRDLIM_KESTO};
+static constexpr int destinations[] = {IDC_TRDLIM_PRINTER, IDC_TRDLIM_FILE};
+static constexpr int outFileControls[] = {IDC_TRDLIM_OUTFILE_LABEL, IDC_TRDLIM_OUTFILE};
 // Cancel is not among them: it stays enabled during a run, though nothing answers it.
 static constexpr int runControls[] = {IDC_TRDLIM_PRINTER, IDC_TRDLIM_FILE,  IDC_TRDLIM_OUTFILE, IDC_TRDLIM_PRINT,
                                       IDC_TRDLIM_NORMAL,  IDC_TRDLIM_KESTO, IDC_TRDLIM_LOAD};
 
-static struct {
-  std::string inputPath;  // empty until a file is chosen
-  std::string outputName;
-  bool kesto;
-  unsigned linesPerPage;
-  Input* input;    // given back by closeAllStreams
-  Output* output;  // likewise
-  void* block;     // the records of a Kesto file; freed at the end of the run
-  bool probeLost;  // the output that only proved that it can be written could not be closed
-} state;
+static constexpr std::size_t outFileCapture = 14;  // characters that Print takes from the edit
+
+// ---- State ------------------------------------------------------------------------------------------------------------
 
 namespace {
 
-enum class RunEnd { printed, failed, programEnds };
+struct Options {
+  bool kesto;
+  unsigned linesPerPage;
+  std::string outputName;
+};
+
+struct TraderLimitsForm {
+  std::string inputPath;  // empty until a file is chosen
+  Input* input;
+  Output* output;
+  void* block;     // the records of a Kesto file; freed at the end of the run
+  bool probeLost;  // the output that only proved that it can be written could not be closed
+};
 
 }  // namespace
 
-static void fail(FormHandle form, const Message& message, BoxIcon icon) {
-  if (message.reply) showReply(form, IDC_TRDLIM_REPLY, message.reply);
-  boxShow(form, boxTitle, message.box, icon);
+static TraderLimitsForm state;
+
+// ---- The form between runs --------------------------------------------------------------------------------------------
+
+static void disableControls(FormHandle form) {
+  setControlsEnabled(form, runControls, false);
+  formSetCloseEnabled(form, false);
 }
 
-static void fail(FormHandle form, const char* text, BoxIcon icon) { fail(form, Message{text, text}, icon); }
-
-static void setRunning(FormHandle form, bool running) {
-  setControlsEnabled(form, runControls, !running);
-  formSetCloseEnabled(form, !running);
+static void enableControls(FormHandle form) {
+  setControlsEnabled(form, runControls, true);
+  formSetCloseEnabled(form, true);
 }
 
 static void resetForm(FormHandle form) {
   state.inputPath.clear();
-  state.outputName.clear();
   formSetText(form, IDC_TRDLIM_OUTFILE, "");
-  setControlsVisible(form, outputControls, false);
-  checkRadio(form, printRadios, IDC_TRDLIM_PRINTER);
-  checkRadio(form, kindRadios, IDC_TRDLIM_NORMAL);
-  formSetText(form, IDC_TRDLIM_LINES, std::to_string(defaultLines));
+  setControlsVisible(form, outFileControls, false);
+  checkRadio(form, destinations, IDC_TRDLIM_PRINTER);
+  checkRadio(form, kindOptions, IDC_TRDLIM_NORMAL);
+  showInitialLines(form, linesRule);
   formSetText(form, IDC_TRDLIM_REPLY, "");
   formSetTitle(form, formTitle);
   formSetFocus(form, IDC_TRDLIM_LOAD);
 }
 
-static void load(FormHandle form) {
+static void onLoad(FormHandle form) {
   showReply(form, IDC_TRDLIM_REPLY, "");
   loadFile(loadTraderLimits, LoadVariant::standard, form, state.inputPath);
   if (state.inputPath.empty()) return;
@@ -123,34 +131,48 @@ static void load(FormHandle form) {
   formSetFocus(form, IDC_TRDLIM_PRINT);
 }
 
-static void captureOptions(FormHandle form) {
-  state.kesto = formIsChecked(form, IDC_TRDLIM_KESTO);
-  state.linesPerPage = captureLinesPerPage(form, linesRule);
-  const bool toFile = formIsChecked(form, IDC_TRDLIM_FILE);
-  state.outputName = toFile ? formGetText(form, IDC_TRDLIM_OUTFILE, outputNameLimit) : printerName;
+static void onCancel(FormHandle form) {
+  showReply(form, IDC_TRDLIM_REPLY, "");
+  enableControls(form);
+  resetForm(form);
+}
+
+// ---- A run ------------------------------------------------------------------------------------------------------------
+
+static Options captureOptions(FormHandle form) {
+  Options options = {};
+  options.kesto = formIsChecked(form, IDC_TRDLIM_KESTO);
+  options.linesPerPage = captureLinesPerPage(form, linesRule);
+  options.outputName = printerName;
+  if (formIsChecked(form, IDC_TRDLIM_FILE)) options.outputName = formGetText(form, IDC_TRDLIM_OUTFILE, outFileCapture);
+  return options;
+}
+
+static void fail(FormHandle form, const char* text, BoxIcon icon) {
+  reportOnReplyAndBox(form, IDC_TRDLIM_REPLY, boxTitle, text, icon);
 }
 
 static bool requireInputName(FormHandle form) {
   if (fileNameHolds(state.inputPath, {".TRD", ".STRD", ".STSL", ".TSL"})) return true;
-  fail(form, badInputName, BoxIcon::exclamation);
+  showMessage(form, IDC_TRDLIM_REPLY, boxTitle, badInputName, BoxIcon::exclamation);
   return false;
 }
 
-static bool validate(FormHandle form) {
-  if (!requireInputPath(form, streamTexts, state.inputPath)) return false;
-  state.input = openInputStream(form, streamTexts, state.inputPath);
-  if (!state.input) return false;
-  if (!requireInputName(form)) return false;
-  if (!requireOutputName(form, streamTexts, state.outputName)) return false;
-  if (refuseInputAsOutput(form, streamTexts, state.inputPath, state.outputName)) return false;
-  state.output = openOutputStream(form, streamTexts, state.outputName);
-  return state.output != nullptr;
+// Proves that everything can be opened before anything is read.
+static RunEnd openRun(FormHandle form, Options& options) {
+  const bool open = requireInputPath(form, streamTexts, state.inputPath) &&
+                    openInputStream(form, streamTexts, state.inputPath, state.input) && requireInputName(form) &&
+                    requireOutputName(form, streamTexts, options.outputName) &&
+                    !refuseInputAsOutput(form, streamTexts, state.inputPath, options.outputName) &&
+                    openOutputStream(form, streamTexts, options.outputName, state.output);
+  return open ? RunEnd::printed : RunEnd::refused;
 }
 
 // Opens the output a second time, for the report itself.
-static bool openWriter(FormHandle form) {
+static bool openWriter(FormHandle form, const Options& options) {
   state.probeLost = !outputClose(state.output);
-  state.output = outputOpen(state.outputName);
+  state.output = outputOpen(options.outputName);
+  outputHold(state.output);
   if (state.output) return true;
   fail(form, writerNotOpenedText, BoxIcon::error);
   return false;
@@ -162,9 +184,7 @@ static bool rewindInput(FormHandle form) {
   return false;
 }
 
-static LimitsOptions reportOptions() { return {state.linesPerPage, fileSelection.isLendingFile}; }
-
-// ---- Normal -----------------------------------------------------------------------------------------------------------
+static LimitsOptions reportOptions(const Options& options) { return {options.linesPerPage, fileSelection.isLendingFile}; }
 
 // Gives each detail line to `row`. The first `headLines` lines of the file are none.
 static void printLines(FormHandle form, LimitsReport& report, std::size_t lineLimit, std::size_t headLines,
@@ -185,33 +205,32 @@ static void printLines(FormHandle form, LimitsReport& report, std::size_t lineLi
   }
 }
 
-static RunEnd printNormalTraderwise(FormHandle form, const TraderLimitsHeader& header) {
-  if (!openWriter(form)) return RunEnd::failed;
-  LimitsReport report = {*state.output, header, reportOptions(), 1, 0};
+static RunEnd printNormalTraderwise(FormHandle form, const Options& options, const TraderLimitsHeader& header) {
+  if (!openWriter(form, options)) return RunEnd::refused;
+  LimitsReport report = {*state.output, header, reportOptions(options), 1, 0};
   traderwiseBegin(report);
   printLines(form, report, traderwiseLineLimit, 3, traderwiseRow);
   traderwiseEnd(report);
   return RunEnd::printed;
 }
 
-static RunEnd printNormalScripwise(FormHandle form, const TraderLimitsHeader& header) {
-  if (!openWriter(form)) return RunEnd::failed;
-  LimitsReport report = {*state.output, header, reportOptions(), 1, 0};
+static RunEnd printNormalScripwise(FormHandle form, const Options& options, const TraderLimitsHeader& header) {
+  if (!openWriter(form, options)) return RunEnd::refused;
+  LimitsReport report = {*state.output, header, reportOptions(options), 1, 0};
   scripwiseBegin(report);
   printLines(form, report, scripwiseLineLimit, 2, scripwiseRow);
   scripwiseEnd(report);
   return RunEnd::printed;
 }
 
-// ---- Kesto ------------------------------------------------------------------------------------------------------------
-
 // Counts the records in the file, opened anew.
 static RunEnd countRecords(FormHandle form, std::size_t& count) {
   inputClose(state.input);
   state.input = inputOpen(state.inputPath, InputKind::text);
+  inputHold(state.input);
   if (!state.input) {
     fail(form, notReopenedText, BoxIcon::error);
-    return RunEnd::failed;
+    return RunEnd::refused;
   }
   const LimitsCount counted = countKestoLimits(*state.input);
   if (counted.pieces == 0) {
@@ -221,7 +240,7 @@ static RunEnd countRecords(FormHandle form, std::size_t& count) {
   // What was not counted could not be printed, and nobody would see that it is missing.
   if (counted.failed) {
     fail(form, readFailedText, BoxIcon::error);
-    return RunEnd::failed;
+    return RunEnd::refused;
   }
   count = counted.pieces - 1;
   return RunEnd::printed;
@@ -234,130 +253,88 @@ static bool takeBlock(FormHandle form, std::size_t size, const char* failure) {
   return false;
 }
 
-static RunEnd printKestoTraderwise(FormHandle form, const TraderLimitsHeader& header) {
+static RunEnd printKestoTraderwise(FormHandle form, const Options& options, const TraderLimitsHeader& header) {
   std::size_t count = 0;
   const RunEnd counted = countRecords(form, count);
   if (counted != RunEnd::printed) return counted;
-  if (!takeBlock(form, (count + 1) * sizeof(KestoTraderLimit), noTraderMemoryText)) return RunEnd::failed;
+  if (!takeBlock(form, (count + 1) * sizeof(KestoTraderLimit), noTraderMemoryText)) return RunEnd::refused;
   auto* const records = static_cast<KestoTraderLimit*>(state.block);
   (void)rewindInput(form);  // told; the run goes on
   if (!readKestoTraderLimits(*state.input, records, count)) fail(form, readFailedText, BoxIcon::error);
-  if (!openWriter(form)) return RunEnd::failed;
-  writeKestoTraderLimits(*state.output, header, {records, count}, reportOptions());
+  if (!openWriter(form, options)) return RunEnd::refused;
+  writeKestoTraderLimits(*state.output, header, {records, count}, reportOptions(options));
   return RunEnd::printed;
 }
 
-static RunEnd printKestoScripwise(FormHandle form, const TraderLimitsHeader& header) {
+static RunEnd printKestoScripwise(FormHandle form, const Options& options, const TraderLimitsHeader& header) {
   std::size_t count = 0;
   const RunEnd counted = countRecords(form, count);
   if (counted != RunEnd::printed) return counted;
-  if (!takeBlock(form, (count + 1) * sizeof(KestoScripLimit), noScripMemoryText)) return RunEnd::failed;
+  if (!takeBlock(form, (count + 1) * sizeof(KestoScripLimit), noScripMemoryText)) return RunEnd::refused;
   auto* const records = static_cast<KestoScripLimit*>(state.block);
   (void)rewindInput(form);  // told; the run goes on
   if (!readKestoScripLimits(*state.input, records, count)) fail(form, readFailedText, BoxIcon::error);
-  if (!openWriter(form)) return RunEnd::failed;
-  writeKestoScripLimits(*state.output, header, {records, count}, reportOptions());
+  if (!openWriter(form, options)) return RunEnd::refused;
+  writeKestoScripLimits(*state.output, header, {records, count}, reportOptions(options));
   return RunEnd::printed;
 }
 
-// ---- The run ----------------------------------------------------------------------------------------------------------
-
-static RunEnd printByLayout(FormHandle form) {
+static RunEnd printFile(FormHandle form, const Options& options) {
   TraderLimitsHeader header;
   if (!readTraderLimitsHeader(*state.input, header)) {
     fail(form, headerNotReadText, BoxIcon::error);
-    return RunEnd::failed;
+    return RunEnd::refused;
   }
-  switch (limitsLayout(header, state.kesto)) {
+  switch (limitsLayout(header, options.kesto)) {
     case LimitsLayout::normalTraderwise:
-      return printNormalTraderwise(form, header);
+      return printNormalTraderwise(form, options, header);
     case LimitsLayout::normalScripwise:
-      return printNormalScripwise(form, header);
+      return printNormalScripwise(form, options, header);
     case LimitsLayout::kestoTraderwise:
-      return printKestoTraderwise(form, header);
+      return printKestoTraderwise(form, options, header);
     case LimitsLayout::kestoScripwise:
-      return printKestoScripwise(form, header);
+      return printKestoScripwise(form, options, header);
     case LimitsLayout::none:
       break;
   }
-  fail(form, state.kesto ? notCompatibleKestoText : notCompatibleNormalText, BoxIcon::exclamation);
-  return RunEnd::failed;
+  fail(form, options.kesto ? notCompatibleKestoText : notCompatibleNormalText, BoxIcon::exclamation);
+  return RunEnd::refused;
 }
 
-static void run(FormHandle form) {
-  showReply(form, IDC_TRDLIM_REPLY, "");
-  setRunning(form, true);
-  captureOptions(form);
-  const RunEnd end = validate(form) ? printByLayout(form) : RunEnd::failed;
-  if (end == RunEnd::programEnds) {
-    (void)closeAllStreams();  // no report was begun
-    appEnd(0);
-    return;
-  }
-  if (end == RunEnd::printed) {
-    // The streams are closed ahead of the last box, since a close can still lose the report.
-    const bool written = closeAllStreams() && !state.probeLost;
-    showEndOfRun(form, IDC_TRDLIM_REPLY, boxTitle, completionText, written);
-  }
-  (void)closeAllStreams();  // of a run that failed: its report is not complete, and that was told
-  state.input = nullptr;
-  state.output = nullptr;
+static void endRun(FormHandle form, RunEnd end) {
+  // The streams are closed ahead of the last box, since a close can still lose the report.
+  const bool written = closeAllStreams() && !state.probeLost;
+  if (end == RunEnd::programEnds) return appEnd(0);
+  if (end == RunEnd::printed) showEndOfRun(form, IDC_TRDLIM_REPLY, boxTitle, completionText, written);
   state.probeLost = false;
-  setRunning(form, false);
+  enableControls(form);
   memoryFree(state.block);
   state.block = nullptr;
   resetForm(form);
 }
 
-static void cancel(FormHandle form) {
+static void onPrint(FormHandle form) {
   showReply(form, IDC_TRDLIM_REPLY, "");
-  setRunning(form, false);
-  resetForm(form);
+  disableControls(form);
+  Options options = captureOptions(form);
+  RunEnd end = openRun(form, options);
+  if (end == RunEnd::printed) end = printFile(form, options);
+  endRun(form, end);
 }
 
-static void press(FormHandle form, int control) {
-  switch (control) {
-    case IDC_TRDLIM_LOAD:
-      load(form);
-      break;
-    case IDC_TRDLIM_PRINT:
-      run(form);
-      break;
-    case IDC_TRDLIM_CANCEL:
-      cancel(form);
-      break;
-    case IDC_TRDLIM_PRINTER:
-      setControlsVisible(form, outputControls, false);
-      break;
-    case IDC_TRDLIM_FILE:
-      setControlsVisible(form, outputControls, true);
-      break;
-    default:
-      break;
-  }
-}
+// ---- Events -----------------------------------------------------------------------------------------------------------
 
-void traderLimitsFormEvent(const FormEvent& event) {
-  switch (event.kind) {
-    case FormEventKind::start:
-      resetForm(event.form);
-      break;
-    case FormEventKind::press:
-      press(event.form, event.control);
-      break;
-    case FormEventKind::activate:
-      formRaise(event.form);
-      break;
-    case FormEventKind::close:
-      toolCommand(toolTraderLimits);
-      break;
-    case FormEventKind::destroy:
-      toolFormGone(toolTraderLimits);
-      break;
-    case FormEventKind::edit:
-    case FormEventKind::pick:
-      break;
-  }
-}
+static constexpr FormFrame frame = {
+    .tool = toolTraderLimits,
+    .start = resetForm,
+    .load = {IDC_TRDLIM_LOAD, onLoad},
+    .print = {IDC_TRDLIM_PRINT, onPrint},
+    .cancel = {IDC_TRDLIM_CANCEL, onCancel},
+    .printer = IDC_TRDLIM_PRINTER,
+    .file = IDC_TRDLIM_FILE,
+    .outFileControls = outFileControls,
+};
+
+void traderLimitsFormEvent(const FormEvent& event) { reportFormEvent(frame, event); }
 
 }  // namespace quillon

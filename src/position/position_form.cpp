@@ -21,7 +21,7 @@
 
 namespace quillon {
 
-// ---- Texts, in the order in which a user meets them -------------------------------------------------------------------
+// ---- Texts ------------------------------------------------------------------------------------------------------------
 
 static constexpr char title[] = "PRINTING NET POSITION";
 static constexpr char blockTitle[] = "Error";
@@ -45,12 +45,51 @@ static constexpr char scripByClientFailed[] = "ScripByClient Data : Memory Alloc
 static constexpr char csNetPosFailed[] = "CSNetPos Data : Memory Allocation Failure";
 static constexpr char printingComplete[] = "PRINTING COMPLETE";
 
-static constexpr unsigned defaultLines = 50;
-static constexpr std::size_t outNameLimit = 14;
+static StreamTexts streamTexts(const PositionTool& tool) {
+  return {
+      .title = title,
+      .reply = tool.controls.reply,
+      .inputKind = InputKind::binary,
+      .noInput = {noInputText, noInputText},
+      .inputNotOpened = {inputNotOpened, inputNotOpened},
+      .noOutputName = {noOutputName, noOutputName},
+      .badOutputName = {badOutputNameText, badOutputNameText},
+      .sameFile = {sameFileText, sameFileText},
+      // The name is upper case by the time it is compared, so that a printer that is off reads as a file.
+      .printerTest = PrinterTest::never,
+      .printerNotOpened = {checkPrinterText, checkPrinterText},
+      .outputNotOpened = {outputNotOpenedText, outputNotOpenedText},
+  };
+}
+
+static LinesPerPageRule linesRule(const PositionTool& tool) {
+  return {
+      .control = tool.controls.lines,
+      .initial = 50,
+      .limit = 50,
+      .fallback = 50,
+      .message = linesCorrected,
+      .title = linesTitle,
+      .writeBack = tool.controls.lines,
+      .reply = 0,
+  };
+}
+
+// ---- Controls ---------------------------------------------------------------------------------------------------------
+
+static constexpr std::size_t outFileCapture = 14;  // characters that Print takes from the edit
 
 // ---- State ------------------------------------------------------------------------------------------------------------
 
 namespace {
+
+struct Options {
+  PositionReport report;
+  std::string client;  // chosen in its list; empty when the list is
+  std::string scrip;
+  std::string outputName;
+  unsigned linesPerPage;
+};
 
 struct PositionForm {
   const PositionTool& tool;
@@ -58,12 +97,8 @@ struct PositionForm {
   std::string inputPath = {};  // empty until a file is loaded
   PositionFile file = {};      // its block is held from a load to the end of the next run, to Cancel or to the form's end
   PositionLists lists = {};    // what the two lists show
-  // Captured at Print:
-  PositionReport report = PositionReport::clientWise;
-  std::string outName = {};
-  std::string client = {};
-  std::string scrip = {};
-  unsigned linesPerPage = defaultLines;
+  Input* input = nullptr;
+  Output* output = nullptr;
 };
 
 }  // namespace
@@ -71,12 +106,7 @@ struct PositionForm {
 static PositionForm netPosition = {.tool = netPositionTool};
 static PositionForm slbPosition = {.tool = slbPositionTool};
 
-// ---- What the form shows ----------------------------------------------------------------------------------------------
-
-static void showOutFile(const PositionForm& state, bool visible) {
-  const PositionControls& at = state.tool.controls;
-  setControlsVisible(state.form, std::to_array({at.outFile, at.outFileLabel}), visible);
-}
+// ---- The form between runs --------------------------------------------------------------------------------------------
 
 static int controlOf(const PositionTool& tool, PositionReport report) {
   switch (report) {
@@ -116,14 +146,18 @@ static void showListOf(const PositionForm& state, PositionReport report) {
 static void hideLists(const PositionForm& state) { showListOf(state, PositionReport::clientWise); }
 
 // Everything that a run may not be disturbed by; Cancel is not among it.
-static void setFormEnabled(const PositionForm& state, bool enabled) {
+static void setRunControls(const PositionForm& state, bool enabled) {
   const PositionControls& at = state.tool.controls;
   setControlsEnabled(state.form,
                      std::to_array({at.load, at.clientWise, at.scripWise, at.clientScrip, at.scripClient, at.clientList,
-                                    at.scripList, at.printer, at.file, at.outFile, at.print}),
+                                    at.scripList, at.printer, at.file, at.outFileControls[0], at.print}),
                      enabled);
   formSetCloseEnabled(state.form, enabled);
 }
+
+static void disableControls(const PositionForm& state) { setRunControls(state, false); }
+
+static void enableControls(const PositionForm& state) { setRunControls(state, true); }
 
 static void fillLists(PositionForm& state, PositionLists lists) {
   const PositionControls& at = state.tool.controls;
@@ -138,14 +172,13 @@ static void fillLists(PositionForm& state, PositionLists lists) {
 static void resetForm(PositionForm& state) {
   const PositionControls& at = state.tool.controls;
   state.inputPath.clear();
-  state.outName.clear();
-  formSetText(state.form, at.outFile, "");
-  showOutFile(state, false);
+  formSetText(state.form, at.outFileControls[0], "");
+  setControlsVisible(state.form, at.outFileControls, false);
   checkRadio(state.form, std::to_array({at.printer, at.file}), at.printer);
   checkRadio(state.form, std::to_array({at.clientWise, at.scripWise, at.clientScrip, at.scripClient}), at.clientWise);
   fillLists(state, {});
   hideLists(state);
-  formSetText(state.form, at.lines, std::to_string(defaultLines));
+  showInitialLines(state.form, linesRule(state.tool));
   formSetText(state.form, at.reply, "");
   formSetFocus(state.form, at.load);
   formSetTitle(state.form, state.tool.plainTitle);
@@ -155,8 +188,6 @@ static void freeTrades(PositionForm& state) {
   memoryFree(state.file.block);
   state.file = {};
 }
-
-// ---- Load -------------------------------------------------------------------------------------------------------------
 
 // A failure of the load: told, streams closed, the form as it was opened.
 static bool endLoad(PositionForm& state, const char* boxTitle, const char* text) {
@@ -188,7 +219,7 @@ static bool readFile(PositionForm& state, Input& input) {
   return true;
 }
 
-static void load(PositionForm& state) {
+static void onLoad(PositionForm& state) {
   const PositionControls& at = state.tool.controls;
   formSetText(state.form, at.reply, "");
   loadFile(state.tool.loadRequest, LoadVariant::standard, state.form, state.inputPath);
@@ -211,7 +242,7 @@ static void load(PositionForm& state) {
   inputClose(input);
   fillLists(state, positionListsOf(state.file));
 
-  setFormEnabled(state, true);
+  enableControls(state);
   formSetEnabled(state.form, at.load, false);
   const PositionReport report = chosenReport(state);
   showListOf(state, report);
@@ -221,48 +252,40 @@ static void load(PositionForm& state) {
   formSetFocus(state.form, controlOf(state.tool, report));
 }
 
-// ---- Print ------------------------------------------------------------------------------------------------------------
+static void onCancel(PositionForm& state) {
+  formSetText(state.form, state.tool.controls.reply, "");
+  (void)closeAllStreams();  // nothing is being written between runs
+  freeTrades(state);
+  enableControls(state);
+  hideLists(state);
+  resetForm(state);
+}
+
+// ---- A run ------------------------------------------------------------------------------------------------------------
 
 static std::string selectedText(FormHandle form, int list, const std::vector<std::string>& items) {
   const int selected = formListSelected(form, list);
   return selected >= 0 && static_cast<std::size_t>(selected) < items.size() ? items[static_cast<std::size_t>(selected)] : "";
 }
 
-static void captureOptions(PositionForm& state) {
+static Options captureOptions(const PositionForm& state) {
   const PositionControls& at = state.tool.controls;
-  const bool toFile = formIsChecked(state.form, at.file);
-  state.outName = toFile ? formGetText(state.form, at.outFile, outNameLimit) : printerName;
-  state.report = chosenReport(state);
-  state.client = selectedText(state.form, at.clientList, state.lists.clients);
-  state.scrip = selectedText(state.form, at.scripList, state.lists.scrips);
-  state.linesPerPage = captureLinesPerPage(state.form, {.control = at.lines,
-                                                        .limit = 50,
-                                                        .fallback = defaultLines,
-                                                        .message = linesCorrected,
-                                                        .title = linesTitle,
-                                                        .writeBack = at.lines,
-                                                        .reply = 0});
+  Options options = {};
+  options.outputName = printerName;
+  if (formIsChecked(state.form, at.file)) options.outputName = formGetText(state.form, at.outFileControls[0], outFileCapture);
+  options.report = chosenReport(state);
+  options.client = selectedText(state.form, at.clientList, state.lists.clients);
+  options.scrip = selectedText(state.form, at.scripList, state.lists.scrips);
+  options.linesPerPage = captureLinesPerPage(state.form, linesRule(state.tool));
+  return options;
 }
 
-static bool openReportStreams(PositionForm& state, Output*& output) {
-  const StreamTexts texts = {
-      .title = title,
-      .reply = state.tool.controls.reply,
-      .inputKind = InputKind::binary,
-      .noInput = {noInputText, noInputText},
-      .inputNotOpened = {inputNotOpened, inputNotOpened},
-      .noOutputName = {noOutputName, noOutputName},
-      .badOutputName = {badOutputNameText, badOutputNameText},
-      .sameFile = {sameFileText, sameFileText},
-      // The name is upper case by the time it is compared, so that a printer that is off reads as a file.
-      .printerTest = PrinterTest::never,
-      .printerNotOpened = {checkPrinterText, checkPrinterText},
-      .outputNotOpened = {outputNotOpenedText, outputNotOpenedText},
-  };
-  Input* input = nullptr;  // opened as every run does, though the records are in the block already
-  const bool opened = openStreams(state.form, texts, state.inputPath, state.outName, input, output);
+// The input is opened as in every run, though its records are in the block already.
+static RunEnd openRun(PositionForm& state, Options& options) {
+  const bool open =
+      openStreams(state.form, streamTexts(state.tool), state.inputPath, options.outputName, state.input, state.output);
   state.inputPath.clear();
-  return opened;
+  return open ? RunEnd::printed : RunEnd::refused;
 }
 
 static const char* failureOf(const PositionTool& tool, PositionBlock block) {
@@ -286,102 +309,96 @@ static const char* failureOf(const PositionTool& tool, PositionBlock block) {
   return tradesFailed;
 }
 
-// Takes the report's blocks, writes the report, gives the blocks back. False when a block could not be taken; that has been
-// told and nothing was written.
-static bool runReport(PositionForm& state, Output& output) {
-  const PositionChoice choice = {.report = state.report,
-                                 .client = state.client,
-                                 .scrip = state.scrip,
+static void writeReport(const PositionForm& state, const Options& options, const PositionTotals& totals) {
+  const PositionPages pages = {.report = options.report,
+                               .header = state.file.header,
+                               .selected = options.report == PositionReport::clientScrip ? options.client : options.scrip,
+                               .isLendingFile = fileSelection.isLendingFile,
+                               .linesPerPage = options.linesPerPage,
+                               .words = state.tool.words};
+  writePositionReport(*state.output, pages, {totals.rows, totals.rowCount});
+}
+
+// Takes the report's blocks, writes the report, gives the blocks back. Where a block is not to be had nothing is written.
+static RunEnd printFile(const PositionForm& state, const Options& options) {
+  const PositionChoice choice = {.report = options.report,
+                                 .client = options.client,
+                                 .scrip = options.scrip,
                                  .clientCount = state.lists.clients.size(),
                                  .scripCount = state.lists.scrips.size()};
   PositionTotals totals;
   const PositionBlock failed = positionTotal(state.file, choice, totals);
-  if (failed == PositionBlock::none) {
-    const PositionPages pages = {.report = state.report,
-                                 .header = state.file.header,
-                                 .selected = state.report == PositionReport::clientScrip ? state.client : state.scrip,
-                                 .isLendingFile = fileSelection.isLendingFile,
-                                 .linesPerPage = state.linesPerPage,
-                                 .words = state.tool.words};
-    writePositionReport(output, pages, {totals.rows, totals.rowCount});
-  }
+  if (failed == PositionBlock::none) writeReport(state, options, totals);
   positionFreeTotals(totals);
-  if (failed == PositionBlock::none) return true;
+  if (failed == PositionBlock::none) return RunEnd::printed;
   reportOnReplyAndBox(state.form, state.tool.controls.reply, blockTitle, failureOf(state.tool, failed), BoxIcon::error);
-  return false;
+  return RunEnd::refused;
 }
 
 // Whatever the end of a run, the form is fresh behind it and the file has to be loaded again.
-static void endRun(PositionForm& state) {
-  setFormEnabled(state, true);
+static void endRun(PositionForm& state, RunEnd end) {
+  const int reply = state.tool.controls.reply;
+  const bool written = closeAllStreams();
+  freeTrades(state);
+  if (end == RunEnd::printed) {
+    showEndOfRun(state.form, reply, state.tool.completionTitle, printingComplete, written);
+    if (written) showReply(state.form, reply, printingComplete);
+  }
+  enableControls(state);
   hideLists(state);
   resetForm(state);
 }
 
-static void print(PositionForm& state) {
-  const int reply = state.tool.controls.reply;
-  formSetText(state.form, reply, "");
-  setFormEnabled(state, false);
-  captureOptions(state);
-
-  Output* output = nullptr;
-  const bool done = openReportStreams(state, output) && runReport(state, *output);
-  const bool written = closeAllStreams();
-  freeTrades(state);
-  if (done) {
-    showEndOfRun(state.form, reply, state.tool.completionTitle, printingComplete, written);
-    if (written) showReply(state.form, reply, printingComplete);
-  }
-  endRun(state);
-}
-
-static void cancel(PositionForm& state) {
+static void onPrint(PositionForm& state) {
   formSetText(state.form, state.tool.controls.reply, "");
-  (void)closeAllStreams();  // nothing is being written between runs
-  freeTrades(state);
-  endRun(state);
+  disableControls(state);
+  Options options = captureOptions(state);
+  RunEnd end = openRun(state, options);
+  if (end == RunEnd::printed) end = printFile(state, options);
+  endRun(state, end);
 }
 
 // ---- Events -----------------------------------------------------------------------------------------------------------
 
-static void pressed(PositionForm& state, int control) {
+static void onStart(PositionForm& state, FormHandle form) {
+  state.form = form;
+  resetForm(state);
+}
+
+static void onPressed(const PositionForm& state, int control) {
   const PositionControls& at = state.tool.controls;
-  if (control == at.load) return load(state);
-  if (control == at.print) return print(state);
-  if (control == at.cancel) return cancel(state);
-  if (control == at.file) return showOutFile(state, true);
-  if (control == at.printer) return showOutFile(state, false);
   if (control == at.clientWise || control == at.scripWise || control == at.clientScrip || control == at.scripClient) {
     showListOf(state, chosenReport(state));
   }
 }
 
-static void formEvent(PositionForm& state, const FormEvent& event) {
-  switch (event.kind) {
-    case FormEventKind::start:
-      state.form = event.form;
-      resetForm(state);
-      return;
-    case FormEventKind::press:
-      return pressed(state, event.control);
-    case FormEventKind::activate:
-      return formRaise(event.form);
-    case FormEventKind::close:
-      return toolCommand(state.tool.tool);
-    case FormEventKind::destroy:
-      freeTrades(state);
-      state.lists = {};
-      state.inputPath.clear();
-      state.form = nullptr;
-      return toolFormGone(state.tool.tool);
-    case FormEventKind::edit:
-    case FormEventKind::pick:
-      return;
-  }
+static void onDestroyed(PositionForm& state) {
+  freeTrades(state);
+  state.lists = {};
+  state.inputPath.clear();
+  state.form = nullptr;
 }
 
-void netPositionFormEvent(const FormEvent& event) { formEvent(netPosition, event); }
+template <PositionForm& state>
+static void formEvent(const FormEvent& event) {
+  const PositionControls& at = state.tool.controls;
+  const FormFrame frame = {
+      .tool = state.tool.tool,
+      .start = [](FormHandle form) { onStart(state, form); },
+      .load = {at.load, [](FormHandle) { onLoad(state); }},
+      .print = {at.print, [](FormHandle) { onPrint(state); }},
+      .cancel = {at.cancel, [](FormHandle) { onCancel(state); }},
+      .printer = at.printer,
+      .file = at.file,
+      .outFileControls = at.outFileControls,
+      .pressed = [](FormHandle, int control) { onPressed(state, control); },
+      .destroyed = [](FormHandle) { onDestroyed(state); },
+  };
+  reportFormEvent(frame, event);
+}
 
-void slbPositionFormEvent(const FormEvent& event) { formEvent(slbPosition, event); }
+void netPositionFormEvent(const FormEvent& event) { formEvent<netPosition>(event); }
+
+void slbPositionFormEvent(const FormEvent& event) { formEvent<slbPosition>(event); }
 
 }  // namespace quillon

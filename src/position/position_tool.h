@@ -2,6 +2,8 @@
 // market. Everything else is common to both.
 #pragma once
 
+#include <array>
+
 #include "position/position_engine.h"
 
 namespace quillon {
@@ -24,7 +26,7 @@ struct PositionControls {
   int clientList, clientListLabel;
   int scripList, scripListLabel;
   int printer, file;
-  int outFile, outFileLabel;
+  std::array<int, 2> outFileControls;  // the edit, then its label
   int lines;
   int print, cancel;
   int reply;

@@ -22,6 +22,7 @@ struct Input {
   bool failed;         // the last piece was asked for and not granted
   std::size_t hidden;  // bytes that were fetched and stand behind a Ctrl-Z, with it
   Input* following;    // every open input, for inputCloseAll
+  Input** holder;      // the form's own pointer to it; null: nobody holds it
 };
 
 namespace {
@@ -129,10 +130,11 @@ std::size_t take(Input& input, char* bytes, std::size_t size) {
 }  // namespace
 
 Input* inputOpen(const std::string& path, InputKind kind) {
-  FileStream* file = fileOpenInput(path);
+  FileStream* file = kind == InputKind::binaryUpdate ? fileOpenUpdate(path) : fileOpenInput(path);
   if (!file) return nullptr;
   auto* buffer = static_cast<char*>(std::malloc(bufferSize));
-  auto* input = buffer ? new (std::nothrow) Input{file, kind, buffer, buffer, buffer, false, false, 0, openInputs} : nullptr;
+  auto* input =
+      buffer ? new (std::nothrow) Input{file, kind, buffer, buffer, buffer, false, false, 0, openInputs, nullptr} : nullptr;
   if (!input) {
     std::free(buffer);
     static_cast<void>(fileClose(file));
@@ -146,6 +148,7 @@ void inputClose(Input* input) {
   Input** link = &openInputs;
   while (*link != input) link = &(*link)->following;
   *link = input->following;
+  if (input->holder && *input->holder == input) *input->holder = nullptr;
   static_cast<void>(fileClose(input->file));  // nothing was written that could be lost
   std::free(input->buffer);
   delete input;
@@ -153,6 +156,10 @@ void inputClose(Input* input) {
 
 void inputCloseAll() {
   while (openInputs) inputClose(openInputs);
+}
+
+void inputHold(Input*& holder) {
+  if (holder) holder->holder = &holder;
 }
 
 bool inputSeekEnd(Input& input) {

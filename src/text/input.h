@@ -13,14 +13,20 @@ namespace quillon {
 struct Input;  // an open input file
 
 enum class InputKind {
-  binary,  // bytes as they stand
-  text,    // CR LF read as LF; a Ctrl-Z ends the file
+  binary,        // bytes as they stand
+  binaryUpdate,  // the same, of a file that could be written to as well: a read-only one is not opened
+  text,          // CR LF read as LF; a Ctrl-Z ends the file
 };
 
 // Null when it cannot be opened.
 Input* inputOpen(const std::string& path, InputKind kind);
 void inputClose(Input* input);
-void inputCloseAll();  // every open input of the process
+void inputCloseAll();  // every open input of the process, the other forms' among them
+
+// From here on `holder` becomes null when the input that it points to is closed, by whoever: a pointer that is not null can be
+// closed. A holder lives as long as its input. It may be given another input meanwhile; the first then has no holder any more
+// and goes with inputCloseAll. A null holder is left alone.
+void inputHold(Input*& holder);
 
 [[nodiscard]] bool inputSeekEnd(Input& input);
 [[nodiscard]] bool inputSeekStart(Input& input);

@@ -30,7 +30,7 @@ Output* makeOutput(FileStream* file, std::string* memory) {
     std::free(buffer);
     return nullptr;
   }
-  open->output = {buffer, buffer + bufferSize, buffer, file, memory, false};
+  open->output = {buffer, buffer + bufferSize, buffer, file, memory, false, nullptr};
   open->following = openOutputs;
   openOutputs = open;
   return &open->output;
@@ -56,6 +56,7 @@ bool outputClose(Output* output) {
   while (&(*link)->output != output) link = &(*link)->following;
   OpenOutput* const closed = *link;
   *link = closed->following;
+  if (output->holder && *output->holder == output) *output->holder = nullptr;
   std::free(closed->output.buffer);
   delete closed;
   return whole;
@@ -67,6 +68,10 @@ bool outputCloseAll() {
     if (!outputClose(&openOutputs->output)) whole = false;
   }
   return whole;
+}
+
+void outputHold(Output*& holder) {
+  if (holder) holder->holder = &holder;
 }
 
 void outputFlush(Output& output) {

@@ -19,6 +19,7 @@ struct Output {
   FileStream* file = nullptr;  // null: into `memory`
   std::string* memory = nullptr;
   bool failed = false;
+  Output** holder = nullptr;  // the form's own pointer to it; null: nobody holds it
 };
 
 // Opens a named file anew, or the printer device for "prn" in any case. Null when that fails.
@@ -29,6 +30,11 @@ Output* outputToMemory(std::string* text);
 [[nodiscard]] bool outputClose(Output* output);
 // Closes every open output of the process; false when any of them lost a byte.
 [[nodiscard]] bool outputCloseAll();
+
+// From here on `holder` becomes null when the output that it points to is closed, by whoever: a pointer that is not null can be
+// closed. A holder lives as long as its output. It may be given another output meanwhile; the first then has no holder any more
+// and goes with outputCloseAll. A null holder is left alone.
+void outputHold(Output*& holder);
 
 // Makes room for `size` more bytes in the buffer, writing out what is there; `size` is at most outputRoom.
 inline constexpr std::size_t outputRoom = std::size_t{64} * 1024;

@@ -28,6 +28,14 @@ TradeLayout tradeLayoutOf(const TradeHeader& header, bool isLendingFile) {
   return isLendingFile && byLetter != TradeLayout::kesto ? TradeLayout::rec144 : byLetter;
 }
 
+NoHeader whyNoHeader(Input& input) {
+  if (!inputSeekEnd(input)) return NoHeader::notMeasured;
+  const std::int64_t size = inputTell(input);
+  if (size < 0) return NoHeader::notMeasured;
+  if (size == 0) return NoHeader::emptyFile;
+  return size < static_cast<std::int64_t>(sizeof(TradeHeader)) ? NoHeader::tooShort : NoHeader::notRead;
+}
+
 std::size_t tradeCountOf(std::int64_t fileSize, TradeLayout layout) {
   constexpr std::int64_t headerSize = sizeof(TradeHeader);
   if (fileSize < headerSize) return 0;

@@ -149,6 +149,16 @@ TradeLayout tradeLayoutOf(const TradeHeader& header);
 // Kesto file stays one.
 TradeLayout tradeLayoutOf(const TradeHeader& header, bool isLendingFile);
 
+// Why a header came back short.
+enum class NoHeader {
+  notMeasured,  // the file's size cannot be had
+  emptyFile,
+  tooShort,  // some bytes, but fewer than a header's
+  notRead,   // there are enough; the device does not give them
+};
+// Asks the file's size; the input is left at its end.
+NoHeader whyNoHeader(Input& input);
+
 // Whole records in a file of `fileSize` bytes. A part record at the end is dropped without a word.
 std::size_t tradeCountOf(std::int64_t fileSize, TradeLayout layout);
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <vector>
 
 #include "desktop/boxes.h"
 #include "desktop/memory.h"
@@ -23,7 +24,7 @@
 
 namespace quillon {
 
-// ---- Texts, in the order in which a user meets them -----------------------------------------------------------------------
+// ---- Texts ------------------------------------------------------------------------------------------------------------
 
 // clang-format off
 static constexpr char title[]             = "TRADES PRINTING";
@@ -70,6 +71,7 @@ static constexpr StreamTexts streamTexts = {
 
 static constexpr LinesPerPageRule linesRule = {
     .control = IDC_TRADES_LINES,
+    .initial = 50,
     .limit = 50,
     .fallback = 50,
     .message = linesWrong,
@@ -78,10 +80,24 @@ static constexpr LinesPerPageRule linesRule = {
     .reply = 0,
 };
 
+// ---- Controls ---------------------------------------------------------------------------------------------------------
+
+static constexpr int lotOptions[] = {IDC_TRADES_ODDLOT, IDC_TRADES_MARKETLOT};
+static constexpr int sortOptions[] = {IDC_TRADES_SORT_TIME, IDC_TRADES_SORT_SCRIP_CODE, IDC_TRADES_SORT_SCRIP_ID,
+                                      IDC_TRADES_SORT_CLIENT_ID};
+static constexpr int destinations[] = {IDC_TRADES_PRINTER, IDC_TRADES_FILE};
+static constexpr int outFileControls[] = {IDC_TRADES_OUTFILE, IDC_TRADES_OUTFILE_LABEL};
+// Cancel is not among them: during a run it gets no message anyway.
+static constexpr int runControls[] = {IDC_TRADES_PRINTER,       IDC_TRADES_FILE,           IDC_TRADES_OUTFILE,
+                                      IDC_TRADES_PRINT,         IDC_TRADES_SORT_TIME,      IDC_TRADES_SORT_SCRIP_CODE,
+                                      IDC_TRADES_SORT_SCRIP_ID, IDC_TRADES_SORT_CLIENT_ID, IDC_TRADES_LOAD};
+// What a load may have disabled on top of them.
+static constexpr int loadControls[] = {IDC_TRADES_ODDLOT, IDC_TRADES_MARKETLOT, IDC_TRADES_NETPOS};
+
 static constexpr std::size_t outFileLimit = 12;    // characters that the edit takes
 static constexpr std::size_t outFileCapture = 14;  // characters that Print takes from it
 
-// ---- State ----------------------------------------------------------------------------------------------------------------
+// ---- State ------------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -98,26 +114,20 @@ struct Options {
 struct TradesForm {
   std::string inputPath;  // empty until a file is chosen
   bool isLendingFile;     // of the file last chosen on any form, as it stands when Print is pressed
-  std::string outFile;    // what the OutFile edit held before its last update
   Input* input;
   Output* output;
+  TradeLayout layout;
+  std::size_t count;
+  void* block;  // the records of this run, and a zero one behind them, which ends the comparisons with the next record's scrip
+  // Blocks of runs that ended at the question or at the wrong kind of lot: they go with the next run's end.
+  std::vector<void*> blocksLeft;
 };
 
 }  // namespace
 
 static TradesForm state;
 
-static constexpr int lotOptions[] = {IDC_TRADES_ODDLOT, IDC_TRADES_MARKETLOT};
-static constexpr int sortOptions[] = {IDC_TRADES_SORT_TIME, IDC_TRADES_SORT_SCRIP_CODE, IDC_TRADES_SORT_SCRIP_ID,
-                                      IDC_TRADES_SORT_CLIENT_ID};
-static constexpr int destinations[] = {IDC_TRADES_PRINTER, IDC_TRADES_FILE};
-static constexpr int outFileControls[] = {IDC_TRADES_OUTFILE, IDC_TRADES_OUTFILE_LABEL};
-
-// Cancel is not among them: during a run it gets no message anyway.
-static constexpr int runControls[] = {IDC_TRADES_PRINTER,       IDC_TRADES_FILE,           IDC_TRADES_OUTFILE,
-                                      IDC_TRADES_PRINT,         IDC_TRADES_SORT_TIME,      IDC_TRADES_SORT_SCRIP_CODE,
-                                      IDC_TRADES_SORT_SCRIP_ID, IDC_TRADES_SORT_CLIENT_ID, IDC_TRADES_LOAD};
-static constexpr int loadControls[] = {IDC_TRADES_ODDLOT, IDC_TRADES_MARKETLOT, IDC_TRADES_NETPOS};
+// ---- The form between runs --------------------------------------------------------------------------------------------
 
 static void disableControls(FormHandle form) {
   setControlsEnabled(form, runControls, false);
@@ -133,27 +143,20 @@ static void enableControls(FormHandle form) {
 static void resetForm(FormHandle form) {
   state.inputPath.clear();
   formSetText(form, IDC_TRADES_OUTFILE, "");
-  state.outFile.clear();
   setControlsVisible(form, outFileControls, false);
   checkRadio(form, destinations, IDC_TRADES_PRINTER);
   checkRadio(form, sortOptions, IDC_TRADES_SORT_TIME);
   checkRadio(form, lotOptions, IDC_TRADES_MARKETLOT);
-  formSetText(form, IDC_TRADES_LINES, std::to_string(linesRule.fallback));
+  showInitialLines(form, linesRule);
   formSetText(form, IDC_TRADES_REPLY, "");
   formSetChecked(form, IDC_TRADES_NETPOS, false);
   formSetFocus(form, IDC_TRADES_LOAD);
   formSetTitle(form, title);
 }
 
-// ---- Load -----------------------------------------------------------------------------------------------------------------
-
-static void onLoad(FormHandle form) {
-  showReply(form, IDC_TRADES_REPLY, "");
-  const bool oddLot = formIsChecked(form, IDC_TRADES_ODDLOT);
-  loadFile(loadTrades, oddLot ? LoadVariant::oddLot : LoadVariant::standard, form, state.inputPath);
-
-  // The option that is not selected cannot be had for this file any more. A selection that was cancelled leaves "MarketLot
-  // File" to be chosen, but not "Oddlot File"; Cancel gives both back.
+// The lot option that is not selected cannot be had for this file any more. A selection that was cancelled leaves "MarketLot
+// File" to be chosen, but not "Oddlot File"; Cancel gives both back.
+static void settleLotOption(FormHandle form, bool oddLot) {
   if (oddLot && fileSelection.fileChosen) {
     formSetChecked(form, IDC_TRADES_MARKETLOT, false);
     formSetEnabled(form, IDC_TRADES_MARKETLOT, false);
@@ -162,6 +165,13 @@ static void onLoad(FormHandle form) {
     formSetChecked(form, IDC_TRADES_ODDLOT, false);
     formSetEnabled(form, IDC_TRADES_ODDLOT, false);
   }
+}
+
+static void onLoad(FormHandle form) {
+  showReply(form, IDC_TRADES_REPLY, "");
+  const bool oddLot = formIsChecked(form, IDC_TRADES_ODDLOT);
+  loadFile(loadTrades, oddLot ? LoadVariant::oddLot : LoadVariant::standard, form, state.inputPath);
+  settleLotOption(form, oddLot);
   state.isLendingFile = fileSelection.isLendingFile;
   if (state.isLendingFile) formSetChecked(form, IDC_TRADES_NETPOS, false);
   formSetEnabled(form, IDC_TRADES_NETPOS, !state.isLendingFile);
@@ -173,14 +183,20 @@ static void onLoad(FormHandle form) {
   formSetFocus(form, oddLot ? IDC_TRADES_ODDLOT : IDC_TRADES_MARKETLOT);
 
   // Proves that the file can be read. Print opens it anew; the end of the run closes both.
-  state.input = openInputStream(form, streamTexts, state.inputPath);
-  if (!state.input) {
+  if (!openInputStream(form, streamTexts, state.inputPath, state.input)) {
     enableControls(form);
     resetForm(form);
   }
 }
 
-// ---- Print: options and streams -------------------------------------------------------------------------------------------
+static void onCancel(FormHandle form) {
+  showReply(form, IDC_TRADES_REPLY, "");
+  (void)closeAllStreams();  // no run is in progress
+  enableControls(form);
+  resetForm(form);
+}
+
+// ---- A run ------------------------------------------------------------------------------------------------------------
 
 static Options captureOptions(FormHandle form) {
   Options options = {};
@@ -195,35 +211,34 @@ static Options captureOptions(FormHandle form) {
   return options;
 }
 
-// A failure that ends the run: told, and the form is as it was when it was opened.
-static void failRun(FormHandle form, const char* boxTitle, const char* text, BoxIcon icon) {
-  reportOnReplyAndBox(form, IDC_TRADES_REPLY, boxTitle, text, icon);
-  enableControls(form);
-  resetForm(form);
-  (void)closeAllStreams();  // the report that was lost has been given up above
+// Without a file the form stays as it stands, with the options that were chosen; whatever fails behind that ends the run, and
+// the file has to be loaded again.
+static RunEnd openRun(FormHandle form, Options& options) {
+  state.isLendingFile = fileSelection.isLendingFile;
+  if (!requireInputPath(form, streamTexts, state.inputPath)) return RunEnd::kept;
+  const bool open = openStreams(form, streamTexts, state.inputPath, options.outputName, state.input, state.output);
+  return open ? RunEnd::printed : RunEnd::refused;
 }
 
-// False when the run is over. Without a file the form stays as it stands, with the options that were chosen; whatever fails
-// behind that ends the run, and the file has to be loaded again.
-static bool openRun(FormHandle form, Options& options) {
-  if (!requireInputPath(form, streamTexts, state.inputPath)) return false;
-  if (openStreams(form, streamTexts, state.inputPath, options.outputName, state.input, state.output)) return true;
-  enableControls(form);
-  resetForm(form);
-  (void)closeAllStreams();  // nothing was written yet
+static bool refuse(FormHandle form, const char* boxTitle, const char* text) {
+  reportOnReplyAndBox(form, IDC_TRADES_REPLY, boxTitle, text, BoxIcon::error);
   return false;
 }
-
-// ---- Print: the file's header and its records -----------------------------------------------------------------------------
 
 // Why a file without a whole header cannot be printed: it is empty, it is too short for a trade file, or it is long enough
 // and cannot be read.
 static const char* shortHeaderText() {
-  if (!inputSeekEnd(*state.input)) return notCounted;
-  const std::int64_t size = inputTell(*state.input);
-  if (size < 0) return notCounted;
-  if (size == 0) return emptyFile;
-  return size < static_cast<std::int64_t>(sizeof(TradeHeader)) ? notTradeFile : notRead;
+  switch (whyNoHeader(*state.input)) {
+    case NoHeader::notMeasured:
+      return notCounted;
+    case NoHeader::emptyFile:
+      return emptyFile;
+    case NoHeader::tooShort:
+      return notTradeFile;
+    case NoHeader::notRead:
+      break;
+  }
+  return notRead;
 }
 
 // Chooses the columns; asks the user where the records have more of them than the page.
@@ -233,7 +248,74 @@ static bool askShortColumns(FormHandle form, const TradeHeader& header) {
   return boxAsk(form, columnsTitle, columnsQuestion, BoxIcon::question, BoxChoice::no) == BoxChoice::no;
 }
 
-static bool askIsItCorrect(FormHandle form, const TradeHeader& header, std::size_t count) {
+// Reads the header and settles what it decides about the pages.
+static bool readHeader(FormHandle form, const Options& options, TradesReport& report) {
+  TradeHeader& header = report.header;
+  if (!inputRead(*state.input, &header, sizeof header)) return refuse(form, title, shortHeaderText());
+  report.isLendingFile = state.isLendingFile;
+  report.oddLotOption = options.oddLot;
+  report.linesPerPage = options.linesPerPage;
+  report.page = 1;
+
+  // The question comes first, even where the next test shows that this is no trade file.
+  report.shortColumns = askShortColumns(form, header);
+  if (!report.isLendingFile) applyDateRule(header.century, header.year, header.month, header.day, DateRuleSlot::trades);
+  report.preCutover = preCutoverFlag(DateRuleSlot::trades);
+  if (!isTradeFile(header)) return refuse(form, title, notTradeFile);
+  state.layout = tradeLayoutOf(header, report.isLendingFile);
+  return true;
+}
+
+static bool countRecords(FormHandle form) {
+  switch (countTrades(*state.input, state.layout, state.count)) {
+    case TradeCount::counted:
+      break;
+    case TradeCount::notCalculated:
+      return refuse(form, title, notCounted);
+    case TradeCount::emptyFile:
+      return refuse(form, title, emptyFile);
+  }
+  return state.count > 0 || refuse(form, title, noRecords);
+}
+
+// Reading goes on behind a record that cannot be read, which stays all zero.
+static FormHandle readingForm;
+static bool tellReadFailed() {
+  (void)refuse(readingForm, title, notRead);
+  return true;
+}
+
+static bool readRecords(FormHandle form) {
+  showReply(form, IDC_TRADES_REPLY, inProgress);
+  disableControls(form);
+  state.block = memoryTake((state.count + 1) * tradeRecordSize(state.layout));
+  if (!state.block) return refuse(form, memoryTitle, noMemory);
+  readingForm = form;
+  (void)readTrades(*state.input, state.layout, state.block, state.count, tellReadFailed);
+  if (state.isLendingFile && state.layout == TradeLayout::rec144) {
+    rewriteLends(static_cast<TradeRec144*>(state.block), state.count);
+  }
+  return true;
+}
+
+// The block stays taken, here and behind a No, until the next run's end.
+static RunEnd leaveBlock() {
+  state.blocksLeft.push_back(state.block);
+  state.block = nullptr;
+  return RunEnd::kept;
+}
+
+// The file must be of the lot that was asked for. Where it is not, the streams stay open as well.
+static RunEnd checkLot(FormHandle form, const Options& options) {
+  if (isOddLotFile(state.layout, state.block) == options.oddLot) return RunEnd::printed;
+  showReply(form, IDC_TRADES_REPLY, "");
+  boxShow(form, lotTitle, options.oddLot ? fileIsMarketLot : fileIsOddLot, BoxIcon::exclamation);
+  enableControls(form);
+  resetForm(form);
+  return leaveBlock();
+}
+
+static RunEnd confirm(FormHandle form, const TradeHeader& header) {
   // clang-format off
   const std::string text = formatText<"%s\n%s\n%s\n%s\n%s\n%s\n\n%s\n">(
       std::string("File Type: Normal\n"),
@@ -241,20 +323,17 @@ static bool askIsItCorrect(FormHandle form, const TradeHeader& header, std::size
       formatText<"TraderId=%ld\n">(header.traderId),
       formatText<"Time %02d : %02d : %02d\n">(header.hour, header.minute, header.second),
       formatText<"Date %02d%02d/%02d/%02d\n">(header.century, header.year, header.month, header.day),
-      formatText<"Records in the File=%I64d\n">(static_cast<std::int64_t>(count)),
+      formatText<"Records in the File=%I64d\n">(static_cast<std::int64_t>(state.count)),
       std::string("Is it Correct?"));
   // clang-format on
-  return boxAsk(form, correctTitle, text, BoxIcon::question, BoxChoice::yes) == BoxChoice::yes;
+  if (boxAsk(form, correctTitle, text, BoxIcon::question, BoxChoice::yes) == BoxChoice::yes) return RunEnd::printed;
+  boxShow(form, title, quitting, BoxIcon::exclamation);
+  showReply(form, IDC_TRADES_REPLY, "");
+  (void)closeAllStreams();  // nothing was written
+  enableControls(form);
+  resetForm(form);
+  return leaveBlock();
 }
-
-// Reading goes on behind a record that cannot be read, which stays all zero.
-static FormHandle readingForm;
-static bool tellReadFailed() {
-  reportOnReplyAndBox(readingForm, IDC_TRADES_REPLY, title, notRead, BoxIcon::error);
-  return true;
-}
-
-// ---- Print: the order of the records --------------------------------------------------------------------------------------
 
 namespace {
 
@@ -319,8 +398,6 @@ static KeyPair kestoKeys(SortBy sortBy, const Keys& keys) {
   return {noKey, noKey};
 }
 
-// ---- Print: list and section ----------------------------------------------------------------------------------------------
-
 static void printList(Output& out, TradesReport& report, TradeLayout layout, const void* block, TradeOrder order) {
   switch (layout) {
     case TradeLayout::rec132:
@@ -343,156 +420,84 @@ static void printNetPosition(Output& out, const TradesReport& report, TradeLayou
   }
 }
 
-// ---- Print ----------------------------------------------------------------------------------------------------------------
+static RunEnd refuseOrder(FormHandle form) {
+  (void)refuse(form, memoryTitle, noMemory);
+  return RunEnd::refused;
+}
 
-static void onPrint(FormHandle form) {
-  state.isLendingFile = fileSelection.isLendingFile;
-  Options options = captureOptions(form);
-  if (!openRun(form, options)) return;
-
-  TradesReport report = {};
-  TradeHeader& header = report.header;
-  if (!inputRead(*state.input, &header, sizeof header)) return failRun(form, title, shortHeaderText(), BoxIcon::error);
-  report.isLendingFile = state.isLendingFile;
-  report.oddLotOption = options.oddLot;
-  report.linesPerPage = options.linesPerPage;
-  report.page = 1;
-
-  // The question comes first, even where the next test shows that this is no trade file.
-  report.shortColumns = askShortColumns(form, header);
-  if (!report.isLendingFile) applyDateRule(header.century, header.year, header.month, header.day, DateRuleSlot::trades);
-  report.preCutover = preCutoverFlag(DateRuleSlot::trades);
-  if (!isTradeFile(header)) return failRun(form, title, notTradeFile, BoxIcon::error);
-
-  const TradeLayout layout = tradeLayoutOf(header, report.isLendingFile);
-  std::size_t count = 0;
-  switch (countTrades(*state.input, layout, count)) {
-    case TradeCount::counted:
-      break;
-    case TradeCount::notCalculated:
-      return failRun(form, title, notCounted, BoxIcon::error);
-    case TradeCount::emptyFile:
-      return failRun(form, title, emptyFile, BoxIcon::error);
-  }
-  if (count == 0) return failRun(form, title, noRecords, BoxIcon::error);
-
-  showReply(form, IDC_TRADES_REPLY, inProgress);
-  disableControls(form);
-
-  // The zero record behind the last one ends the comparisons with the next record's scrip.
-  void* const block = memoryTake((count + 1) * tradeRecordSize(layout));
-  const std::unique_ptr<std::uint32_t[]> positions(block ? new (std::nothrow) std::uint32_t[count] : nullptr);
-  if (!positions) {
-    memoryFree(block);
-    return failRun(form, memoryTitle, noMemory, BoxIcon::error);
-  }
-  readingForm = form;
-  (void)readTrades(*state.input, layout, block, count, tellReadFailed);
-
-  const bool kesto = layout == TradeLayout::kesto;
-  if (!kesto) {
-    if (report.isLendingFile) rewriteLends(static_cast<TradeRec144*>(block), count);
-
-    const bool oddLotFile = isOddLotFile(layout, block);
-    if (oddLotFile != options.oddLot) {
-      // The block stays taken and the streams stay open until the next run's end.
-      showReply(form, IDC_TRADES_REPLY, "");
-      boxShow(form, lotTitle, options.oddLot ? fileIsMarketLot : fileIsOddLot, BoxIcon::exclamation);
-      enableControls(form);
-      resetForm(form);
-      return;
-    }
-
-    if (!askIsItCorrect(form, header, count)) {
-      // The block stays taken here as well.
-      boxShow(form, title, quitting, BoxIcon::exclamation);
-      showReply(form, IDC_TRADES_REPLY, "");
-      (void)closeAllStreams();  // nothing was written
-      enableControls(form);
-      resetForm(form);
-      return;
-    }
-  }
-
-  const Keys keys = keysOf(layout);
-  const Records records = {block, tradeRecordSize(layout), count};
-  const TradeOrder order(positions.get(), count);
+static RunEnd writeReport(FormHandle form, const Options& options, TradesReport& report) {
+  const bool kesto = state.layout == TradeLayout::kesto;
+  const Keys keys = keysOf(state.layout);
+  const Records records = {state.block, tradeRecordSize(state.layout), state.count};
+  const std::unique_ptr<std::uint32_t[]> positions(new (std::nothrow) std::uint32_t[state.count]);
+  const TradeOrder order(positions.get(), state.count);
   const KeyPair pair = kesto ? kestoKeys(options.sortBy, keys) : normalKeys(options.sortBy, keys);
-  bool sorted = recordOrder(records, pair.first, pair.second, positions.get());
-  if (sorted) {
-    printList(*state.output, report, layout, block, order);
-    showReply(form, IDC_TRADES_REPLY, kesto ? kestoPrinted : normalPrinted);
-    if (options.netPosition) {
-      if (options.sortBy != SortBy::scripId) sorted = recordOrder(records, keys.scripId, noKey, positions.get());
-      if (sorted) {
-        printNetPosition(*state.output, report, layout, block, order);
-        showReply(form, IDC_TRADES_REPLY, kesto ? kestoWithNetPos : normalWithNetPos);
-      }
-    }
-  }
-  if (!sorted) {
-    memoryFree(block);
-    return failRun(form, memoryTitle, noMemory, BoxIcon::error);
-  }
+  if (!positions || !recordOrder(records, pair.first, pair.second, positions.get())) return refuseOrder(form);
+  printList(*state.output, report, state.layout, state.block, order);
+  showReply(form, IDC_TRADES_REPLY, kesto ? kestoPrinted : normalPrinted);
+  if (!options.netPosition) return RunEnd::printed;
 
+  if (options.sortBy != SortBy::scripId && !recordOrder(records, keys.scripId, noKey, positions.get()))
+    return refuseOrder(form);
+  printNetPosition(*state.output, report, state.layout, state.block, order);
+  showReply(form, IDC_TRADES_REPLY, kesto ? kestoWithNetPos : normalWithNetPos);
+  return RunEnd::printed;
+}
+
+static RunEnd printFile(FormHandle form, const Options& options) {
+  TradesReport report = {};
+  if (!readHeader(form, options, report) || !countRecords(form) || !readRecords(form)) return RunEnd::refused;
+  // A Kesto file knows no odd lots, and is printed without a question.
+  if (state.layout != TradeLayout::kesto) {
+    if (const RunEnd lot = checkLot(form, options); lot != RunEnd::printed) return lot;
+    if (const RunEnd answer = confirm(form, report.header); answer != RunEnd::printed) return answer;
+  }
+  return writeReport(form, options, report);
+}
+
+static void freeBlocks() {
+  memoryFree(state.block);
+  state.block = nullptr;
+  for (void* block : state.blocksLeft) memoryFree(block);
+  state.blocksLeft.clear();
+}
+
+static void endRun(FormHandle form, RunEnd end) {
+  if (end == RunEnd::kept) return;
   const bool written = closeAllStreams();
   enableControls(form);
-  memoryFree(block);
-  showEndOfRun(form, IDC_TRADES_REPLY, title, complete, written);
+  freeBlocks();
+  if (end == RunEnd::printed) showEndOfRun(form, IDC_TRADES_REPLY, title, complete, written);
   resetForm(form);
 }
 
-// ---- Events ---------------------------------------------------------------------------------------------------------------
+static void onPrint(FormHandle form) {
+  Options options = captureOptions(form);
+  RunEnd end = openRun(form, options);
+  if (end == RunEnd::printed) end = printFile(form, options);
+  endRun(form, end);
+}
 
-static void onCancel(FormHandle form) {
-  showReply(form, IDC_TRADES_REPLY, "");
-  (void)closeAllStreams();  // no run is in progress
-  enableControls(form);
+// ---- Events -----------------------------------------------------------------------------------------------------------
+
+static void onStart(FormHandle form) {
+  formSetTitle(form, title);
   resetForm(form);
 }
 
-static void onPress(FormHandle form, int control) {
-  switch (control) {
-    case IDC_TRADES_LOAD:
-      return onLoad(form);
-    case IDC_TRADES_PRINT:
-      return onPrint(form);
-    case IDC_TRADES_CANCEL:
-      return onCancel(form);
-    case IDC_TRADES_FILE:
-      return setControlsVisible(form, outFileControls, true);
-    case IDC_TRADES_PRINTER:
-      return setControlsVisible(form, outFileControls, false);
-  }
-}
+static constexpr FormFrame frame = {
+    .tool = toolTrades,
+    .start = onStart,
+    .load = {IDC_TRADES_LOAD, onLoad},
+    .print = {IDC_TRADES_PRINT, onPrint},
+    .cancel = {IDC_TRADES_CANCEL, onCancel},
+    .printer = IDC_TRADES_PRINTER,
+    .file = IDC_TRADES_FILE,
+    .outFileControls = outFileControls,
+    .outFile = IDC_TRADES_OUTFILE,
+    .outFileLimit = outFileLimit,
+};
 
-void tradesFormEvent(const FormEvent& event) {
-  switch (event.kind) {
-    case FormEventKind::start:
-      state = {};
-      formSetTitle(event.form, title);
-      resetForm(event.form);
-      break;
-    case FormEventKind::press:
-      onPress(event.form, event.control);
-      break;
-    case FormEventKind::edit:
-      if (event.control == IDC_TRADES_OUTFILE) {
-        limitEditText(event.form, event.control, state.outFile, outFileLimit, editAnyCharacters);
-      }
-      break;
-    case FormEventKind::pick:
-      break;
-    case FormEventKind::activate:
-      formRaise(event.form);
-      break;
-    case FormEventKind::close:
-      toolCommand(toolTrades);
-      break;
-    case FormEventKind::destroy:
-      toolFormGone(toolTrades);
-      break;
-  }
-}
+void tradesFormEvent(const FormEvent& event) { reportFormEvent(frame, event); }
 
 }  // namespace quillon

@@ -32,11 +32,13 @@ static struct {
   std::vector<std::unique_ptr<FileStream>> orphans;  // of a program that has ended; already closed
 } state;
 
+enum class Access { read, update, create };
+
 // The system's calls, where its two kinds differ.
 #ifdef _WIN32
-static int systemOpen(const std::filesystem::path& path, bool output) {
-  const int mode = output ? _O_WRONLY | _O_CREAT | _O_TRUNC : _O_RDONLY;
-  return _wopen(path.c_str(), mode | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+static int systemOpen(const std::filesystem::path& path, Access access) {
+  const int modes[] = {_O_RDONLY, _O_RDWR, _O_WRONLY | _O_CREAT | _O_TRUNC};
+  return _wopen(path.c_str(), modes[static_cast<int>(access)] | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
 static std::int64_t systemSeek(int descriptor, std::int64_t offset, int from) { return _lseeki64(descriptor, offset, from); }
 static std::int64_t systemRead(int descriptor, void* bytes, std::size_t size) {
@@ -48,9 +50,9 @@ static std::int64_t systemWrite(int descriptor, const void* bytes, std::size_t s
 static int systemClose(int descriptor) { return _close(descriptor); }
 #else
 static_assert(sizeof(off_t) == 8, "files beyond 2 GB");
-static int systemOpen(const std::filesystem::path& path, bool output) {
-  const int mode = output ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY;
-  return open(path.c_str(), mode | O_CLOEXEC, 0666);
+static int systemOpen(const std::filesystem::path& path, Access access) {
+  const int modes[] = {O_RDONLY, O_RDWR, O_WRONLY | O_CREAT | O_TRUNC};
+  return open(path.c_str(), modes[static_cast<int>(access)] | O_CLOEXEC, 0666);
 }
 static std::int64_t systemSeek(int descriptor, std::int64_t offset, int from) { return lseek(descriptor, offset, from); }
 static std::int64_t systemRead(int descriptor, void* bytes, std::size_t size) { return read(descriptor, bytes, size); }
@@ -60,12 +62,21 @@ static int systemClose(int descriptor) { return close(descriptor); }
 
 static constexpr std::size_t largestPiece = std::size_t{1} << 30;  // what every system moves in one call
 
-static FileStream* openStream(const std::filesystem::path& path, bool output) {
+// A file that nobody may write to is read-only for everybody, as on Windows; an administrator's rights would pass it over.
+static bool isReadOnly(const std::filesystem::path& path) {
+  using std::filesystem::perms;
+  std::error_code error;
+  const perms writers = perms::owner_write | perms::group_write | perms::others_write;
+  return (std::filesystem::status(path, error).permissions() & writers) == perms::none;
+}
+
+static FileStream* openStream(const std::filesystem::path& path, Access access) {
   std::error_code error;
   if (path.empty() || std::filesystem::is_directory(path, error)) return nullptr;
-  const int descriptor = systemOpen(path, output);
+  if (access == Access::update && isReadOnly(path)) return nullptr;
+  const int descriptor = systemOpen(path, access);
   if (descriptor < 0) return nullptr;
-  state.open.push_back(std::make_unique<FileStream>(FileStream{descriptor, output}));
+  state.open.push_back(std::make_unique<FileStream>(FileStream{descriptor, access == Access::create}));
   return state.open.back().get();
 }
 
@@ -75,13 +86,18 @@ static auto findStream(std::vector<std::unique_ptr<FileStream>>& streams, const 
 
 FileStream* fileOpenInput(const std::string& path) {
   if (faultFires(Fault::open)) return nullptr;
-  return openStream(pathOnDisk(path), false);
+  return openStream(pathOnDisk(path), Access::read);
+}
+
+FileStream* fileOpenUpdate(const std::string& path) {
+  if (faultFires(Fault::open)) return nullptr;
+  return openStream(pathOnDisk(path), Access::update);
 }
 
 FileStream* fileCreateOutput(const std::string& path) {
   if (faultFires(Fault::create) || pathIsRefusedDevice(path)) return nullptr;
-  if (!pathIsPrinter(path)) return openStream(pathOnDisk(path), true);
-  return state.printer.empty() ? nullptr : openStream(pathOnDisk(state.printer), true);
+  if (!pathIsPrinter(path)) return openStream(pathOnDisk(path), Access::create);
+  return state.printer.empty() ? nullptr : openStream(pathOnDisk(state.printer), Access::create);
 }
 
 bool fileClose(FileStream* file) {

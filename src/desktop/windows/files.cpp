@@ -27,11 +27,15 @@ static bool isDeviceName(std::string_view path, std::string_view device) {
   return std::equal(base.begin(), base.end(), device.begin(), device.end(), sameLetter);
 }
 
-FileStream* fileOpenInput(const std::string& path) {
-  return streamOf(CreateFileW(wideFromUtf8(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+static FileStream* openExisting(const std::string& path, DWORD access) {
+  return streamOf(CreateFileW(wideFromUtf8(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                               nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr),
                   false);
 }
+
+FileStream* fileOpenInput(const std::string& path) { return openExisting(path, GENERIC_READ); }
+
+FileStream* fileOpenUpdate(const std::string& path) { return openExisting(path, GENERIC_READ | GENERIC_WRITE); }
 
 FileStream* fileCreateOutput(const std::string& path) {
   // What goes to these is lost, though every write succeeds.

@@ -57,6 +57,24 @@ TEST_F(Files, inputIsFoundWithoutRegardToCase) {
   EXPECT_EQ(read("export/day/TR010109.B02"), "(none)");
 }
 
+TEST_F(Files, fileForUpdateIsFoundWithoutRegardToCaseAndIsNotMadeAnew) {
+  make("Or010109.B01", "orders");
+  FileStream* file = fileOpenUpdate("OR010109.B01");
+  ASSERT_TRUE(file);
+  char bytes[10];
+  EXPECT_EQ(std::string(bytes, fileRead(file, bytes, sizeof bytes)), "orders");
+  EXPECT_TRUE(fileClose(file));
+  EXPECT_EQ(fileOpenUpdate("OR010109.B02"), nullptr);
+  EXPECT_FALSE(std::filesystem::exists("OR010109.B02"));
+}
+
+TEST_F(Files, readOnlyFileIsRefusedForUpdateAlone) {
+  make("Or010109.B01", "orders");
+  std::filesystem::permissions("Or010109.B01", std::filesystem::perms::owner_read);
+  EXPECT_EQ(fileOpenUpdate("Or010109.B01"), nullptr);
+  EXPECT_EQ(read("Or010109.B01"), "orders");
+}
+
 TEST_F(Files, exactSpellingComesBeforeOthers) {
   make("a.txt", "lower");
   make("A.TXT", "upper");
@@ -178,6 +196,9 @@ TEST_F(Files, eachCallFailsOnRequest) {
   faultsArm(Fault::open, 1, false);
   EXPECT_EQ(read("in"), "(none)");
   EXPECT_EQ(read("in"), "0123456789");
+  faultsArm(Fault::open, 2, false);
+  EXPECT_EQ(read("in"), "0123456789");
+  EXPECT_EQ(fileOpenUpdate("in"), nullptr) << "opening for update counts with opening for reading";
   faultsArm(Fault::create, 2, false);
   EXPECT_TRUE(write("OUT", "one"));
   EXPECT_FALSE(write("OUT", "two"));

@@ -16,7 +16,7 @@ static constexpr StreamTexts textsWith(PrinterTest printerTest) {
       .title = "A TITLE",
       .reply = IDC_TRADES_REPLY,
       .inputKind = InputKind::binary,
-      .noInput = {nullptr, nullptr},
+      .noInput = {noInputText, nullptr},
       .inputNotOpened = {"input not opened", nullptr},
       .noOutputName = {"no name", "no name on Reply"},
       .badOutputName = {badOutputNameText, badOutputNameText},
@@ -126,6 +126,45 @@ TEST_F(OpenStreams, runOfOneFormClosesTheInputThatAnotherOpenedAtItsLoad) {
   });
   EXPECT_EQ(afterLoad, 1u);
   EXPECT_EQ(afterRun, 0u);
+}
+
+// A form that holds a stream is told, by its own pointer, that another form's run has closed it.
+TEST_F(OpenStreams, pointersToStreamsAreNullOnceAnotherFormHasClosedThem) {
+  Input* input = nullptr;
+  Output* output = nullptr;
+  bool opened = false, closed = false;
+  runForm("tool PRNTRPT\npress 1199\ntool PRNTNP\npress 1147\n", [&](const FormEvent& event) {
+    if (event.kind != FormEventKind::press) return;
+    const StreamTexts texts = textsWith(PrinterTest::anyCase);
+    if (event.control == IDC_TRADES_LOAD) {
+      opened = openInputStream(event.form, texts, "IN.B01", input) && openOutputStream(event.form, texts, "OUT.TXT", output);
+    } else if (event.control == IDC_NETPOS_PRINT) {
+      EXPECT_TRUE(input && output);
+      EXPECT_TRUE(closeAllStreams());
+      closed = true;
+    }
+  });
+  EXPECT_TRUE(opened && closed);
+  EXPECT_EQ(input, nullptr);
+  EXPECT_EQ(output, nullptr);
+}
+
+// Reports that look at the characters of a name before they ask for one take the two tests in the other order.
+TEST_F(OpenStreams, emptyAndBadNamesAreToldApart) {
+  int asked = 0;
+  runForm("tool PRNTRPT\npress 1199\n", [&](const FormEvent& event) {
+    if (event.kind != FormEventKind::press) return;
+    const StreamTexts texts = textsWith(PrinterTest::anyCase);
+    std::string empty, bad = "out_1", good = "out1";
+    EXPECT_TRUE(refuseEmptyName(event.form, texts, empty));
+    EXPECT_FALSE(refuseBadName(event.form, texts, empty));
+    EXPECT_FALSE(refuseEmptyName(event.form, texts, bad));
+    EXPECT_TRUE(refuseBadName(event.form, texts, bad));
+    EXPECT_FALSE(refuseBadName(event.form, texts, good));
+    EXPECT_EQ(good, "OUT1");
+    ++asked;
+  });
+  EXPECT_EQ(asked, 1);
 }
 
 }  // namespace quillon::test

@@ -90,6 +90,39 @@ std::string piecesByFgets(const std::string& text, std::size_t limit) {
 
 TEST_F(InputTest, missingFileGivesNull) { EXPECT_EQ(inputOpen("NOWHERE.BIN", InputKind::binary), nullptr); }
 
+TEST_F(InputTest, readOnlyFileIsOpenedForReadingButNotForUpdate) {
+  writeFile(fileName, "abc");
+  std::filesystem::permissions(fileName, std::filesystem::perms::owner_read);
+  EXPECT_NE(inputOpen(fileName, InputKind::binary), nullptr);
+  EXPECT_EQ(inputOpen(fileName, InputKind::binaryUpdate), nullptr);
+  std::filesystem::permissions(fileName, std::filesystem::perms::owner_all);
+  EXPECT_NE(inputOpen(fileName, InputKind::binaryUpdate), nullptr);
+}
+
+TEST_F(InputTest, inputForUpdateReadsBytesAsTheyStandAndLeavesTheFile) {
+  Input* input = openWith(
+      "a\r\n\x1a"
+      "b",
+      InputKind::binaryUpdate);
+  ASSERT_NE(input, nullptr);
+  char bytes[5];
+  EXPECT_TRUE(inputRead(*input, bytes, sizeof bytes));
+  EXPECT_EQ(std::string(bytes, sizeof bytes),
+            "a\r\n\x1a"
+            "b");
+  inputClose(input);
+  EXPECT_EQ(std::filesystem::file_size(fileName), 5u);
+}
+
+TEST_F(InputTest, fail_openRefusesBothKindsOfBinaryInput) {
+  writeFile(fileName, "abc");
+  for (const InputKind kind : {InputKind::binary, InputKind::binaryUpdate}) {
+    faultsArm(Fault::open, 1, false);
+    EXPECT_EQ(inputOpen(fileName, kind), nullptr);
+    EXPECT_NE(inputOpen(fileName, kind), nullptr);
+  }
+}
+
 TEST_F(InputTest, piecesAreThoseOfFgets) {
   std::mt19937 random(6);
   const std::string letters[] = {"ab\n", "ab\r\n", "abcdefghij|1234567890\r\n", "\r\n", "a\r", "a\0b\n"s};
@@ -292,6 +325,38 @@ TEST_F(InputTest, closeAllClosesEveryOpenInput) {
   inputCloseAll();
   inputCloseAll();
   EXPECT_NE(inputOpen(fileName, InputKind::binary), nullptr);
+}
+
+TEST_F(InputTest, holderIsNullOnceItsInputIsClosedByWhoever) {
+  Input* mine = openWith("abc", InputKind::binary);
+  Input* other = inputOpen(fileName, InputKind::text);
+  inputHold(mine);
+  inputHold(other);
+  inputClose(other);
+  EXPECT_EQ(other, nullptr);
+  ASSERT_NE(mine, nullptr);
+  inputCloseAll();
+  EXPECT_EQ(mine, nullptr);
+}
+
+TEST_F(InputTest, holderThatTookASecondInputKeepsItWhenTheFirstIsClosed) {
+  Input* holder = openWith("abc", InputKind::binary);
+  Input* const first = holder;
+  inputHold(holder);
+  holder = inputOpen(fileName, InputKind::binary);
+  Input* const second = holder;
+  inputHold(holder);
+  inputClose(first);
+  EXPECT_EQ(holder, second);
+  inputCloseAll();
+  EXPECT_EQ(holder, nullptr);
+}
+
+TEST_F(InputTest, holderOfNothingIsLeftAlone) {
+  Input* holder = inputOpen("NOWHERE.BIN", InputKind::binary);
+  inputHold(holder);
+  inputCloseAll();
+  EXPECT_EQ(holder, nullptr);
 }
 
 }  // namespace quillon

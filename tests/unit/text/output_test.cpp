@@ -125,4 +125,36 @@ TEST_F(OutputTest, closingOneLeavesTheOthersOpen) {
   EXPECT_EQ(fileBytes("SECOND.TXT"), "three\r\n");
 }
 
+TEST_F(OutputTest, holderIsNullOnceItsOutputIsClosedByWhoever) {
+  Output* mine = outputOpen("REPORT.TXT");
+  Output* other = outputOpen("SECOND.TXT");
+  outputHold(mine);
+  outputHold(other);
+  EXPECT_TRUE(outputClose(other));
+  EXPECT_EQ(other, nullptr);
+  ASSERT_NE(mine, nullptr);
+  EXPECT_TRUE(outputCloseAll());
+  EXPECT_EQ(mine, nullptr);
+}
+
+TEST_F(OutputTest, holderThatTookASecondOutputKeepsItWhenTheFirstIsClosed) {
+  Output* holder = outputOpen("REPORT.TXT");
+  Output* const first = holder;
+  outputHold(holder);
+  holder = outputOpen("SECOND.TXT");
+  Output* const second = holder;
+  outputHold(holder);
+  EXPECT_TRUE(outputClose(first));
+  EXPECT_EQ(holder, second);
+  EXPECT_TRUE(outputCloseAll());
+  EXPECT_EQ(holder, nullptr);
+}
+
+TEST_F(OutputTest, holderOfNothingIsLeftAlone) {
+  Output* holder = outputOpen("NOWHERE/REPORT.TXT");
+  outputHold(holder);
+  EXPECT_TRUE(outputCloseAll());
+  EXPECT_EQ(holder, nullptr);
+}
+
 }  // namespace quillon
