@@ -1,0 +1,17 @@
+// The touchlines report of the lending product: one line a scrip and number of days.
+#pragma once
+
+#include "kesto/kesto_touchlines_file.h"
+#include "text/output.h"
+
+namespace quillon {
+
+struct KestoTouchlinesOptions {
+  unsigned linesPerPage;  // rows on a page, from 1
+  bool lending;           // the file belongs to the lending market
+};
+
+// Writes the whole report in file.order, page numbers from 1, to the form feed behind its last rule.
+void writeKestoDayTouchlines(Output& out, const KestoDayTouchlines& file, const KestoTouchlinesOptions& options);
+
+}  // namespace quillon
