@@ -37,12 +37,6 @@ void printBrokerPageTop(Output& out, const BrokerPage& page) {
 }
 // clang-format on
 
-std::string_view brokerOrderTime(const BrokerRec160& record) {
-  constexpr std::size_t timeIndex = 11, timeWidth = 8;
-  const std::string_view stamp = record.orderTimeStamp.view();
-  return stamp.size() > timeIndex ? stamp.substr(timeIndex, timeWidth) : std::string_view();
-}
-
 bool isListedTradeType(char tradeType) {
   constexpr std::string_view listed = "LHMTQPBKGC";
   return listed.find(tradeType) != std::string_view::npos;

@@ -52,9 +52,6 @@ extern const BrokerBlocks groupOldBlocks;
 extern const BrokerBlocks groupNewBlocks;
 extern const BrokerBlocks kestoBlocks;
 
-// The time of day in an order's time stamp.
-std::string_view brokerOrderTime(const BrokerRec160& record);
-
 // A type whose sells have widths of their own in two arrangements.
 bool isListedTradeType(char tradeType);
 

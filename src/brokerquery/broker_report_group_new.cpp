@@ -62,7 +62,7 @@ static void printListedSell(Output& out, const BrokerRec160& record) {
 
 static void printSecondLine(Output& out, const BrokerRec160& record) {
   const auto settlement = formatCell<"%d/%ld">(record.settlementPart1, record.settlementPart2);
-  print<"%1c%4s%1c%16s%1c%15s%1c%-6s%1c\n">(out, bar, record.scripGroup, bar, settlement, bar, brokerOrderTime(record), bar,
+  print<"%1c%4s%1c%16s%1c%15s%1c%-6s%1c\n">(out, bar, record.scripGroup, bar, settlement, bar, timeOfStamp(record.orderTimeStamp), bar,
       record.instId, bar);
 }
 

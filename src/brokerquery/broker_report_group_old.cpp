@@ -48,7 +48,7 @@ static void printSell(Output& out, const BrokerRec160& record) {
 
 static void printSecondLine(Output& out, const BrokerRec160& record) {
   const auto settlement = formatCell<"%d/%ld">(record.settlementPart1, record.settlementPart2);
-  print<"%1c%4s%1c%16s%1c%15s%1c\n">(out, bar, record.scripGroup, bar, settlement, bar, brokerOrderTime(record), bar);
+  print<"%1c%4s%1c%16s%1c%15s%1c\n">(out, bar, record.scripGroup, bar, settlement, bar, timeOfStamp(record.orderTimeStamp), bar);
   print<"%1c%4s%1c%16s%1c%15s%1c%89s\n">(out, bar, rule(4), bar, rule(16), bar, rule(15), bar, rule(89));
 }
 

@@ -50,7 +50,7 @@ static void printCellRule(Output& out) {
 }
 
 static void printSecondLine(Output& out, const BrokerRec160& record) {
-  print<"%1c%15s%1c%-6s%1c%103s%1c\n">(out, bar, brokerOrderTime(record), bar, record.instId, bar, " ", bar);
+  print<"%1c%15s%1c%-6s%1c%103s%1c\n">(out, bar, timeOfStamp(record.orderTimeStamp), bar, record.instId, bar, " ", bar);
 }
 
 static void printRecord(Output& out, const void* bytes) {

@@ -49,7 +49,7 @@ static void printCellRule(Output& out, std::string_view traderCell) {
 }
 
 static void printSecondLine(Output& out, const BrokerRec160& record) {
-  print<"%1c%15s%1c\n">(out, bar, brokerOrderTime(record), bar);
+  print<"%1c%15s%1c\n">(out, bar, timeOfStamp(record.orderTimeStamp), bar);
   print<"%1c%15s%1c%114s\n">(out, bar, rule(15), bar, rule(114));
 }
 

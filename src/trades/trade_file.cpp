@@ -1,5 +1,7 @@
 #include "trades/trade_file.h"
 
+#include <cstring>
+
 namespace quillon {
 
 std::size_t tradeRecordSize(TradeLayout layout) {
@@ -69,6 +71,12 @@ void rewriteLends(TradeRec144* records, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     if (records[i].side == 'L') records[i].side = 'S';
   }
+}
+
+TextField<8> timeOfStamp(const TextField<20>& stamp) {
+  TextField<8> time;
+  std::memcpy(time.bytes, stamp.bytes + 11, sizeof time);
+  return time;
 }
 
 bool isOddLotFile(TradeLayout layout, const void* block) {

@@ -178,6 +178,10 @@ enum class TradeCount {
 // Lending-market files call a sell 'L': it becomes 'S', so that the reports know only 'B' and 'S'.
 void rewriteLends(TradeRec144* records, std::size_t count);
 
+// The time of day in the time stamp of an order: its characters 11 to 18, counted from 0, whatever stands before them; a NUL
+// among them ends it. Trade and broker query files share the field.
+TextField<8> timeOfStamp(const TextField<20>& stamp);
+
 // True when the first of the records is an odd-lot trade; the others are not looked at. Kesto files know no odd lots.
 bool isOddLotFile(TradeLayout layout, const void* block);
 

@@ -28,12 +28,7 @@ static RowForm rowFormOf(const TradesReport& report, char tradeType) {
   return old ? RowForm::c : RowForm::d;
 }
 
-// The time of day out of the order's time stamp: its characters 11 to 18.
-static TextField<8> orderTime(const TradeRec144& trade) {
-  TextField<8> time;
-  std::memcpy(time.bytes, trade.orderTimeStamp.bytes + 11, sizeof time);
-  return time;
-}
+static TextField<8> orderTime(const TradeRec144& trade) { return timeOfStamp(trade.orderTimeStamp); }
 
 static auto settlement(const TradeRec144& trade) { return formatCell<"%d/%ld">(trade.settlementYear, trade.settlementNo); }
 

@@ -273,18 +273,5 @@ TEST(ListedTradeTypes, changeNothingButTwoCellsOfASell) {
   }
 }
 
-TEST(BrokerOrderTime, isTheEightCharactersBehindTheDate) {
-  BrokerRec160 record = {};
-  EXPECT_EQ(brokerOrderTime(record), "");
-  fieldSet(record.orderTimeStamp, "25/05/2009");
-  EXPECT_EQ(brokerOrderTime(record), "");
-  fieldSet(record.orderTimeStamp, "25/05/2009 10:15");
-  EXPECT_EQ(brokerOrderTime(record), "10:15");
-  fieldSet(record.orderTimeStamp, "25/05/2009 10:15:01");
-  EXPECT_EQ(brokerOrderTime(record), "10:15:01");
-  for (char& byte : record.orderTimeStamp.bytes) byte = 'x';
-  EXPECT_EQ(brokerOrderTime(record), "xxxxxxxx");
-}
-
 }  // namespace
 }  // namespace quillon::test

@@ -186,4 +186,19 @@ TEST(TradeFile, loadEndsWhereTheFailureSaysSo) {
   closeTrades(file);
 }
 
+TEST(TimeOfStamp, isTheEightCharactersFrom11WhateverStandsBeforeThem) {
+  TextField<20> stamp = {};
+  EXPECT_EQ(timeOfStamp(stamp).view(), "");
+  fieldSet(stamp, "25/05/2009");
+  EXPECT_EQ(timeOfStamp(stamp).view(), "");
+  fieldSet(stamp, "25/05/2009 10:15");
+  EXPECT_EQ(timeOfStamp(stamp).view(), "10:15");
+  fieldSet(stamp, "25/05/2009 10:15:01");
+  EXPECT_EQ(timeOfStamp(stamp).view(), "10:15:01");
+  stamp.bytes[0] = '\0';
+  EXPECT_EQ(timeOfStamp(stamp).view(), "10:15:01") << "an end before it does not count";
+  for (char& byte : stamp.bytes) byte = 'x';
+  EXPECT_EQ(timeOfStamp(stamp).view(), "xxxxxxxx");
+}
+
 }  // namespace quillon::test
