@@ -1,6 +1,7 @@
 #include "report_forms.h"
 
 #include "brokerquery/broker_form.h"
+#include "kesto/kesto_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
 #include "position/position_form.h"
@@ -16,6 +17,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTBRKREP", brokerQueryFormEvent},
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
+    {"PRNTVQLS", kestoFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }
