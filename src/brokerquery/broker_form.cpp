@@ -2,8 +2,6 @@
 // says, and get the list of trades, followed on request by the net position.
 #include "brokerquery/broker_form.h"
 
-#include <memory>
-#include <new>
 #include <string>
 
 #include "brokerquery/broker_file.h"
@@ -284,10 +282,10 @@ static void printList(const Options& options, const BrokerRecords& records) {
 
 static bool writeReport(FormHandle form, const Options& options) {
   const Records stored = {state.block, brokerRecordSize(state.layout), state.count};
-  const std::unique_ptr<std::uint32_t[]> order(new (std::nothrow) std::uint32_t[state.count]);
   const BrokerSortKeys keys = brokerSortKeys(state.layout, options.sort);
-  if (!order || !recordOrder(stored, keys.first, keys.second, order.get())) return refuse(form, noMemoryTitle, noMemoryText);
-  const BrokerRecords records = {state.layout, state.block, state.count, order.get()};
+  const RecordOrder order = orderOfRecords(stored, {keys.first, keys.second});
+  if (!order) return refuse(form, noMemoryTitle, noMemoryText);
+  const BrokerRecords records = {state.layout, state.block, state.count, order.memory.get()};
   printList(options, records);
   showReply(form, IDC_BRKQRY_REPLY, replyPrinted);
   if (!options.netPosition) return true;
@@ -295,7 +293,7 @@ static bool writeReport(FormHandle form, const Options& options) {
   showReply(form, IDC_BRKQRY_REPLY, replyNetPosition);
   if (options.sort != BrokerSort::scripId) {
     const RecordKey scripId = brokerSortKeys(state.layout, BrokerSort::scripId).first;
-    if (!recordOrder(stored, scripId, {KeyKind::none, 0, 0}, order.get())) return refuse(form, noMemoryTitle, noMemoryText);
+    if (!recordOrder(stored, {scripId}, order.memory.get())) return refuse(form, noMemoryTitle, noMemoryText);
   }
   printBrokerNetPosition(*state.output, records, state.header, fileSelection.isLendingFile);
   showReply(form, IDC_BRKQRY_REPLY, replyBothPrinted);

@@ -110,7 +110,7 @@ struct TouchlinesForm {
   std::string inputPath;  // empty until a file is chosen
   Input* input;
   Output* output;
-  void* block;     // the records, then their order; freed at the end of the run
+  void* block;     // the records; freed at the end of the run
   bool probeLost;  // the output that only proved that it can be written could not be closed
 };
 
@@ -207,9 +207,9 @@ static bool requireScrips(FormHandle form, const TouchlineCount& counted) {
   return !counted.failed || refuse(form, boxTitle, readFailedText);
 }
 
-// One block: the records with a zero one behind them, then their order.
+// One block: the records with a zero one behind them.
 static bool takeBlock(FormHandle form, const KindTexts& texts, std::size_t recordSize, std::size_t count) {
-  state.block = memoryTake((count + 1) * recordSize + count * sizeof(std::uint32_t));
+  state.block = memoryTake((count + 1) * recordSize);
   return state.block || refuse(form, memoryTitle, texts.noMemory);
 }
 
@@ -217,12 +217,13 @@ static void rewindInput(FormHandle form) {
   if (!inputRewind(*state.input)) (void)refuse(form, boxTitle, rewindFailedText);
 }
 
-static bool sortRecords(FormHandle form, const KindTexts& texts, const Options& options, const Records& records,
-                        std::size_t codeOffset, std::uint32_t* order) {
+static RecordOrder sortRecords(FormHandle form, const KindTexts& texts, const Options& options, const Records& records,
+                               std::size_t codeOffset) {
   const RecordKey byCode = {KeyKind::number, codeOffset, 4};
   const RecordKey byId = {KeyKind::text, 0, 12};
-  if (recordOrder(records, options.byScripCode ? byCode : byId, {KeyKind::none, 0, 0}, order)) return true;
-  return refuse(form, memoryTitle, texts.noMemory);
+  RecordOrder order = orderOfRecords(records, {options.byScripCode ? byCode : byId});
+  if (!order) (void)refuse(form, memoryTitle, texts.noMemory);
+  return order;
 }
 
 // Opens the output a second time, for the report itself.
@@ -242,15 +243,15 @@ static bool printNormal(FormHandle form, const Options& options) {
   const std::size_t count = counted.pieces - 1;
   if (!takeBlock(form, normalTexts, sizeof(NormalTouchline), count)) return false;
   auto* const records = static_cast<NormalTouchline*>(state.block);
-  auto* const order = static_cast<std::uint32_t*>(static_cast<void*>(records + count + 1));
 
   rewindInput(form);
   TouchlineHeader header;
   if (!readNormalTouchlines(*state.input, header, records, count)) (void)refuse(form, boxTitle, readFailedText);
   const Records sorted = {records, sizeof(NormalTouchline), count};
-  if (!sortRecords(form, normalTexts, options, sorted, offsetof(NormalTouchline, scripCode), order)) return false;
+  const RecordOrder order = sortRecords(form, normalTexts, options, sorted, offsetof(NormalTouchline, scripCode));
+  if (!order) return false;
   if (!openWriter(form, normalTexts, options)) return false;
-  writeNormalTouchlines(*state.output, header, records, {order, count}, reportOptions(options));
+  writeNormalTouchlines(*state.output, header, records, order.positions(), reportOptions(options));
   return true;
 }
 
@@ -261,7 +262,6 @@ static bool printKesto(FormHandle form, const Options& options) {
   const std::size_t count = counted.pieces - 1;
   if (!takeBlock(form, kestoTexts, sizeof(KestoTouchline), count)) return false;
   auto* const records = static_cast<KestoTouchline*>(state.block);
-  auto* const order = static_cast<std::uint32_t*>(static_cast<void*>(records + count + 1));
 
   rewindInput(form);
   TouchlineHeader header;
@@ -269,9 +269,10 @@ static bool printKesto(FormHandle form, const Options& options) {
     (void)refuse(form, boxTitle, readFailedText);
   }
   const Records sorted = {records, sizeof(KestoTouchline), count};
-  if (!sortRecords(form, kestoTexts, options, sorted, offsetof(KestoTouchline, scripCode), order)) return false;
+  const RecordOrder order = sortRecords(form, kestoTexts, options, sorted, offsetof(KestoTouchline, scripCode));
+  if (!order) return false;
   if (!openWriter(form, kestoTexts, options)) return false;
-  writeKestoTouchlines(*state.output, header, records, {order, count}, reportOptions(options));
+  writeKestoTouchlines(*state.output, header, records, order.positions(), reportOptions(options));
   return true;
 }
 

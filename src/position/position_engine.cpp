@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
-#include <new>
 #include <span>
 
 #include "desktop/memory.h"
@@ -194,8 +192,6 @@ struct Leg {
   char tradeType;
 };
 
-using Order = std::unique_ptr<std::uint32_t[]>;
-
 }  // namespace
 
 static bool isSameName(const TextField<12>& a, const TextField<12>& b) {
@@ -234,13 +230,6 @@ static bool totalGroups(std::size_t count, LegAt legAt, bool kesto, std::size_t 
   return true;
 }
 
-// Null when there is no memory for it.
-static Order orderOf(const Records& records, const RecordKey& key) {
-  Order order(new (std::nothrow) std::uint32_t[records.count + 1]);
-  if (order && !recordOrder(records, key, {KeyKind::none, 0, 0}, order.get())) order.reset();
-  return order;
-}
-
 static bool isKesto(const PositionFile& file) { return file.header.fileKind == 'B'; }
 
 // Rows of all records, by client or by scrip.
@@ -248,9 +237,9 @@ template <class Record>
 static bool totalRecords(const PositionFile& file, TextField<12> Record::*name, const RecordKey& key, std::size_t listCount,
                          PositionTotals& totals) {
   const Record* const records = static_cast<const Record*>(file.block);
-  const Order order = orderOf({records, sizeof(Record), file.count}, key);
+  const RecordOrder order = orderOfRecords({records, sizeof(Record), file.count}, {key});
   if (!order) return false;
-  const std::span<const std::uint32_t> positions(order.get(), file.count);
+  const std::span<const std::uint32_t> positions = order.positions();
   const auto legAt = [records, name, positions](std::size_t i) -> Leg {
     fetchAhead(records, sizeof(Record), positions, i);
     const Record& record = records[positions[i]];
@@ -278,10 +267,10 @@ static std::size_t copyDetails(const PositionFile& file, TextField<12> Record::*
 static bool totalDetails(const PositionFile& file, std::size_t count, TextField<12> NetPosDetail::*name, const RecordKey& key,
                          std::size_t listCount, PositionTotals& totals) {
   const NetPosDetail* const details = totals.details;
-  const Order order = orderOf({details, sizeof(NetPosDetail), count}, key);
+  const RecordOrder order = orderOfRecords({details, sizeof(NetPosDetail), count}, {key});
   if (!order) return false;
-  const auto legAt = [details, name, &order](std::size_t i) -> Leg {
-    const NetPosDetail& detail = details[order[i]];
+  const auto legAt = [details, name, positions = order.positions()](std::size_t i) -> Leg {
+    const NetPosDetail& detail = details[positions[i]];
     return {&(detail.*name), detail.rate, detail.qty, detail.side, detail.tradeType};
   };
   return totalGroups(count, legAt, isKesto(file), listCount, totals);

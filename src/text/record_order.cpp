@@ -1,15 +1,16 @@
 // The order in which records are printed.
 //
-// The two keys of a record are read as one row of bytes that compare as unsigned: a text with zeros behind its end, a number
+// The keys of a record are read as one row of bytes that compare as unsigned: a text with zeros behind its end, a number
 // with its sign turned and its highest byte first. Eight of those bytes at a time are taken out of the records as one number
 // and sorted with the positions; each run that is equal on them is then sorted on the next eight. So a record is looked at once
 // for each step that its neighbours do not settle, and it is never moved.
 #include "text/record_order.h"
 
-#include <bit>
-#include <cstdlib>
+#include <cassert>
 #include <cstring>
 #include <utility>
+
+#include "desktop/memory.h"
 
 namespace quillon {
 namespace {
@@ -20,7 +21,7 @@ constexpr std::size_t mergeLimit = 96;      // up to here merging is quicker tha
 
 struct Sorting {
   Records records;
-  RecordKey keys[2];  // those that are there
+  RecordKey keys[recordKeysMost];  // those that are there
   std::size_t keyCount;
   std::uint64_t* chunks;  // beside `order`
   std::uint64_t* spareChunks;
@@ -28,8 +29,8 @@ struct Sorting {
   std::uint32_t* spareOrder;
 };
 
-// What one step takes out of the records: eight bytes of a text from `at`, or a number. Where room is left, the number behind
-// joins it.
+// What one step takes out of the records: eight bytes of a text from `at`, or a number. Where half of them are left, a number
+// that is the next key joins it.
 struct Step {
   std::size_t key;
   std::size_t at;
@@ -63,31 +64,58 @@ std::uint64_t textChunk(const char* record, std::size_t recordSize, const Record
   return __builtin_bswap64(word);
 }
 
+// A byte of 100 and above has three digits.
+std::uint32_t timeNumber(const char* record, const RecordKey& key) {
+  std::uint32_t number = 0;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const std::uint32_t part = static_cast<unsigned char>(record[key.offset + i]);
+    number = number * (part < 100 ? 100 : 1000) + part;
+  }
+  return number;
+}
+
+// Of a number with at most 32 bits.
 std::uint32_t numberChunk(const char* record, const RecordKey& key) {
   if (key.kind == KeyKind::number8) return static_cast<unsigned char>(record[key.offset]) ^ 0x80u;
+  if (key.kind == KeyKind::time) return timeNumber(record, key);
   std::uint32_t number;
   std::memcpy(&number, record + key.offset, sizeof number);
   return number ^ 0x80000000u;
 }
 
+std::uint64_t wideNumberChunk(const char* record, const RecordKey& key) {
+  std::uint64_t number;
+  std::memcpy(&number, record + key.offset, sizeof number);
+  return number ^ (std::uint64_t{1} << 63);
+}
+
 bool isText(const RecordKey& key) { return key.kind == KeyKind::text || key.kind == KeyKind::foldedText; }
 
+bool isShortNumber(const RecordKey& key) { return !isText(key) && key.kind != KeyKind::number64; }
+
+// How many bytes the key fills, a number that is shorter being widened to 32 bits.
+std::size_t sizeInChunk(const RecordKey& key) {
+  if (isText(key)) return key.width;
+  return key.kind == KeyKind::number64 ? chunkSize : chunkSize / 2;
+}
+
 Step stepAt(const Sorting& sorting, std::size_t key, std::size_t at) {
-  const bool room = !isText(sorting.keys[key]) || sorting.keys[key].width - at <= chunkSize / 2;
-  return {key, at, room && key == 0 && sorting.keyCount == 2 && !isText(sorting.keys[1])};
+  const std::size_t next = key + 1;
+  const std::size_t left = sizeInChunk(sorting.keys[key]) - at;
+  return {key, at, left <= chunkSize / 2 && next < sorting.keyCount && isShortNumber(sorting.keys[next])};
 }
 
 // The step behind `step` for records that are equal on it, with this chunk. False when there is none: they are equal.
 bool followingStep(const Sorting& sorting, Step& step, std::uint64_t chunk) {
-  if (step.joined) return false;
   const bool textEnded = (chunk & 0xff) == 0;
   const RecordKey& key = sorting.keys[step.key];
-  if (isText(key) && !textEnded && step.at + chunkSize < key.width) {
+  if (isText(key) && !step.joined && !textEnded && step.at + chunkSize < key.width) {
     step = stepAt(sorting, step.key, step.at + chunkSize);
     return true;
   }
-  if (step.key + 1 >= sorting.keyCount) return false;
-  step = stepAt(sorting, step.key + 1, 0);
+  const std::size_t next = step.key + (step.joined ? 2 : 1);
+  if (next >= sorting.keyCount) return false;
+  step = stepAt(sorting, next, 0);
   return true;
 }
 
@@ -105,9 +133,14 @@ bool loadChunks(const Sorting& sorting, const Step& step, std::size_t begin, std
   for (std::size_t i = begin; i < end; ++i) {
     if (i + ahead < end) __builtin_prefetch(recordAt(sorting, sorting.order[i + ahead]) + key.offset + step.at);
     const char* record = recordAt(sorting, sorting.order[i]);
-    std::uint64_t chunk =
-        text ? textChunk(record, sorting.records.size, key, step.at) : std::uint64_t{numberChunk(record, key)} << 32;
-    if (step.joined) chunk |= numberChunk(record, sorting.keys[1]);
+    std::uint64_t chunk = 0;
+    if (text)
+      chunk = textChunk(record, sorting.records.size, key, step.at);
+    else if (key.kind == KeyKind::number64)
+      chunk = wideNumberChunk(record, key);
+    else
+      chunk = std::uint64_t{numberChunk(record, key)} << 32;
+    if (step.joined) chunk |= numberChunk(record, sorting.keys[step.key + 1]);
     sorting.chunks[i] = chunk;
     inOrder &= previous <= chunk;
     previous = chunk;
@@ -202,30 +235,35 @@ void sortRun(const Sorting& sorting, const Step& step, std::size_t begin, std::s
 
 }  // namespace
 
-namespace detail {
-
-bool recordOrderWith(const Records& records, const RecordKey& first, const RecordKey& second, std::uint32_t* order,
-                     void* (*allocate)(std::size_t)) {
+bool recordOrder(const Records& records, std::span<const RecordKey> keys, std::uint32_t* order) {
+  assert(keys.size() <= recordKeysMost);
   for (std::size_t i = 0; i < records.count; ++i) order[i] = static_cast<std::uint32_t>(i);
   Sorting sorting{records, {}, 0, nullptr, nullptr, order, nullptr};
-  for (const RecordKey& key : {first, second}) {
+  for (const RecordKey& key : keys) {
     if (key.kind != KeyKind::none && !(isText(key) && key.width == 0)) sorting.keys[sorting.keyCount++] = key;
   }
   if (records.count < 2 || sorting.keyCount == 0) return true;
-  auto* memory = static_cast<std::uint64_t*>(allocate(records.count * (2 * sizeof(std::uint64_t) + sizeof(std::uint32_t))));
+  const std::size_t size = records.count * (2 * sizeof(std::uint64_t) + sizeof(std::uint32_t));
+  auto* memory = static_cast<std::uint64_t*>(memoryTakeForOrder(size));
   if (!memory) return false;
   sorting.chunks = memory;
   sorting.spareChunks = memory + records.count;
   sorting.spareOrder = reinterpret_cast<std::uint32_t*>(memory + 2 * records.count);
   sortRun(sorting, stepAt(sorting, 0, 0), 0, records.count);
-  std::free(memory);
+  memoryFree(memory);
   return true;
 }
 
-}  // namespace detail
+void RecordOrder::Free::operator()(std::uint32_t* positions) const { memoryFree(positions); }
 
-bool recordOrder(const Records& records, const RecordKey& first, const RecordKey& second, std::uint32_t* order) {
-  return detail::recordOrderWith(records, first, second, order, std::malloc);
+RecordOrder orderOfRecords(const Records& records, std::span<const RecordKey> keys) {
+  RecordOrder order;
+  order.memory.reset(static_cast<std::uint32_t*>(memoryTakeForOrder(records.count * sizeof(std::uint32_t))));
+  if (order && recordOrder(records, keys, order.memory.get()))
+    order.count = records.count;
+  else
+    order.memory.reset();
+  return order;
 }
 
 }  // namespace quillon

@@ -3,8 +3,6 @@
 // its own and is printed without being confirmed.
 #include "trades/trades_form.h"
 
-#include <memory>
-#include <new>
 #include <string>
 #include <vector>
 
@@ -420,28 +418,23 @@ static void printNetPosition(Output& out, const TradesReport& report, TradeLayou
   }
 }
 
-static RunEnd refuseOrder(FormHandle form) {
-  (void)refuse(form, memoryTitle, noMemory);
-  return RunEnd::refused;
-}
-
-static RunEnd writeReport(FormHandle form, const Options& options, TradesReport& report) {
+static bool writeReport(FormHandle form, const Options& options, TradesReport& report) {
   const bool kesto = state.layout == TradeLayout::kesto;
   const Keys keys = keysOf(state.layout);
-  const Records records = {state.block, tradeRecordSize(state.layout), state.count};
-  const std::unique_ptr<std::uint32_t[]> positions(new (std::nothrow) std::uint32_t[state.count]);
-  const TradeOrder order(positions.get(), state.count);
   const KeyPair pair = kesto ? kestoKeys(options.sortBy, keys) : normalKeys(options.sortBy, keys);
-  if (!positions || !recordOrder(records, pair.first, pair.second, positions.get())) return refuseOrder(form);
-  printList(*state.output, report, state.layout, state.block, order);
+  const Records records = {state.block, tradeRecordSize(state.layout), state.count};
+  const RecordOrder order = orderOfRecords(records, {pair.first, pair.second});
+  if (!order) return refuse(form, memoryTitle, noMemory);
+  printList(*state.output, report, state.layout, state.block, order.positions());
   showReply(form, IDC_TRADES_REPLY, kesto ? kestoPrinted : normalPrinted);
-  if (!options.netPosition) return RunEnd::printed;
+  if (!options.netPosition) return true;
 
-  if (options.sortBy != SortBy::scripId && !recordOrder(records, keys.scripId, noKey, positions.get()))
-    return refuseOrder(form);
-  printNetPosition(*state.output, report, state.layout, state.block, order);
+  if (options.sortBy != SortBy::scripId && !recordOrder(records, {keys.scripId}, order.memory.get())) {
+    return refuse(form, memoryTitle, noMemory);
+  }
+  printNetPosition(*state.output, report, state.layout, state.block, order.positions());
   showReply(form, IDC_TRADES_REPLY, kesto ? kestoWithNetPos : normalWithNetPos);
-  return RunEnd::printed;
+  return true;
 }
 
 static RunEnd printFile(FormHandle form, const Options& options) {
@@ -452,7 +445,7 @@ static RunEnd printFile(FormHandle form, const Options& options) {
     if (const RunEnd lot = checkLot(form, options); lot != RunEnd::printed) return lot;
     if (const RunEnd answer = confirm(form, report.header); answer != RunEnd::printed) return answer;
   }
-  return writeReport(form, options, report);
+  return writeReport(form, options, report) ? RunEnd::printed : RunEnd::refused;
 }
 
 static void freeBlocks() {

@@ -74,10 +74,11 @@ static void printWideOld(Output& out, const TradesReport& report) {
   print<"%1c%6s%1c%20s%1c%18s%1c%75s\n">(out, '|', ruleOf(6), '|', ruleOf(20), '|', ruleOf(18), '|', ruleOf(75));
 }
 
-static void printWideNew(Output& out, const TradesReport& report) {
+// No lending-market file comes here: it takes the old form.
+static void printWideNew(Output& out) {
   print<"%124s\n">(out, ruleOf(124));
   print<"%1c%20s%8c%19c%16s%12c%11s%1c%19s%1c%6s%1c%8s%1c%\n">(
-      out, '|', boughtFrom(report), '|', '|', soldTo(report), '|', "ClientId", '|', "TrnId", '|', "TrdId", '|', "Time", '|');
+      out, '|', "Bought from", '|', '|', "Sold to", '|', "ClientId", '|', "TrnId", '|', "TrdId", '|', "Time", '|');
   print<"%1c%27s%1c%18s%1c%27s%1c%12c%20c%7c%9c%\n">(
       out, '|', ruleOf(27), '|', ruleOf(18), '|', ruleOf(27), '|', '|', '|', '|', '|');
   print<"%1c%6s%1c%6s%4c%8s%3c%11s%1c%6s%1c">(out, '|', "Br/Trd", '|', "Qty", '|', "Rate", '|', "ScripId", '|', "ScrpCd", '|');
@@ -100,7 +101,7 @@ void printTradesPageHeader(Output& out, TradesReport& report) {
   if (report.shortColumns) {
     old ? printShortOld(out) : printShortNew(out);
   } else {
-    old ? printWideOld(out, report) : printWideNew(out, report);
+    old ? printWideOld(out, report) : printWideNew(out);
   }
   ++report.page;
 }

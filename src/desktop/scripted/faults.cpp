@@ -18,8 +18,8 @@ struct Counter {
 }  // namespace
 
 // In the order of the kinds.
-static constexpr std::string_view names[] = {"memory", "open",  "create", "seek", "tell", "rewind",
-                                             "read",   "write", "close",  "form", "class"};
+static constexpr std::string_view names[] = {"memory", "open",  "create", "seek",  "tell",   "rewind", "read",
+                                             "write",  "close", "form",   "class", "string", "order"};
 static_assert(std::size(names) == faultKinds);
 
 static std::array<Counter, faultKinds> counters;

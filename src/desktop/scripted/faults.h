@@ -10,10 +10,10 @@
 
 namespace quillon {
 
-enum class Fault { memory, open, create, seek, tell, rewind, read, write, close, form, windowClass };
-inline constexpr std::size_t faultKinds = 11;
+enum class Fault { memory, open, create, seek, tell, rewind, read, write, close, form, windowClass, string, order };
+inline constexpr std::size_t faultKinds = 13;
 
-// "memory", "open" ... "class"; nothing where there is no such kind.
+// "memory", "open" ... "order"; nothing where there is no such kind.
 std::optional<Fault> faultNamed(std::string_view name);
 
 // The `number`th next use fails (from 1); with `always` all after it as well. Takes the place of what was armed before.

@@ -33,12 +33,21 @@ static void preferLargePages(void* block, std::size_t size) {
 #endif
 }
 
+static void* hold(void* block, std::size_t size) {
+  if (!block) return nullptr;
+  held.push_back(block);
+  preferLargePages(block, size);
+  return block;
+}
+
 void* memoryTake(std::size_t size) {
   if (faultFires(Fault::memory) || size > largestBlock) return nullptr;
-  void* block = std::calloc(size > 0 ? size : 1, 1);
-  if (block) held.push_back(block);
-  if (block) preferLargePages(block, size);
-  return block;
+  return hold(std::calloc(size > 0 ? size : 1, 1), size);
+}
+
+void* memoryTakeForOrder(std::size_t size) {
+  if (faultFires(Fault::order) || size > largestBlock) return nullptr;
+  return hold(std::malloc(size > 0 ? size : 1), size);
 }
 
 // A block that is not held is left alone: a form may still know one of an earlier run, which has been given back since.

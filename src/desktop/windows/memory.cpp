@@ -12,6 +12,8 @@ void* memoryTake(std::size_t size) {
   return VirtualAlloc(nullptr, atLeastOne, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
 }
 
+void* memoryTakeForOrder(std::size_t size) { return memoryTake(size); }
+
 void memoryFree(void* block) {
   if (block) VirtualFree(block, 0, MEM_RELEASE);
 }

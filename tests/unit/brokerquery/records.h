@@ -114,7 +114,7 @@ inline BrokerRecords inFileOrder(const std::vector<KestoBrokerRec>& block) {
 template <typename Record>
 std::vector<std::uint32_t> orderOf(const std::vector<Record>& block, const RecordKey& first, const RecordKey& second) {
   std::vector<std::uint32_t> order(block.size());
-  EXPECT_TRUE(recordOrder({block.data(), sizeof(Record), block.size() - 1}, first, second, order.data()));
+  EXPECT_TRUE(recordOrder({block.data(), sizeof(Record), block.size() - 1}, {first, second}, order.data()));
   order.resize(block.size() - 1);
   return order;
 }

@@ -90,7 +90,8 @@ TEST_F(Faults, everyKindHasItsName) {
   static constexpr std::pair<const char*, Fault> kinds[] = {
       {"memory", Fault::memory}, {"open", Fault::open},     {"create", Fault::create},     {"seek", Fault::seek},
       {"tell", Fault::tell},     {"rewind", Fault::rewind}, {"read", Fault::read},         {"write", Fault::write},
-      {"close", Fault::close},   {"form", Fault::form},     {"class", Fault::windowClass},
+      {"close", Fault::close},   {"form", Fault::form},     {"class", Fault::windowClass}, {"string", Fault::string},
+      {"order", Fault::order},
   };
   ASSERT_EQ(std::size(kinds), faultKinds);
   for (const auto& [name, kind] : kinds) EXPECT_EQ(faultNamed(name), kind) << name;

@@ -50,6 +50,25 @@ TEST(Memory, faultRefusesTheBlock) {
   faultsReset();
 }
 
+TEST(Memory, blocksAndOrdersAreRefusedApart) {
+  memoryReset();
+  faultsArm(Fault::order, 1, true);
+  EXPECT_EQ(memoryTakeForOrder(8), nullptr);
+  void* block = memoryTake(8);
+  EXPECT_NE(block, nullptr);
+  faultsReset();
+  faultsArm(Fault::memory, 1, true);
+  void* order = memoryTakeForOrder(8);
+  EXPECT_NE(order, nullptr);
+  EXPECT_EQ(memoryTake(8), nullptr);
+  EXPECT_EQ(memoryTakeForOrder(std::numeric_limits<std::size_t>::max()), nullptr);
+  EXPECT_EQ(memoryBlocksHeld(), 2u);
+  memoryFree(block);
+  memoryFree(order);
+  EXPECT_EQ(memoryBlocksHeld(), 0u);
+  faultsReset();
+}
+
 TEST(Clock, standsAtTheMomentGiven) {
   ASSERT_TRUE(clockStop("2009-05-22 10:11:12"));
   const LocalTime time = clockNow();

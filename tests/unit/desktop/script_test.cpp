@@ -330,6 +330,10 @@ TEST(Strings, stringIsCutToOneLessThanItsLimit) {
   EXPECT_EQ(stringLoad(2036, 300), "The input file is required for processing.");
   EXPECT_EQ(stringLoad(2036, 4), "The");
   EXPECT_EQ(stringLoad(1, 300), std::nullopt);
+  faultsArm(Fault::string, 2, false);
+  EXPECT_EQ(stringLoad(2036, 4), "The");
+  EXPECT_EQ(stringLoad(2036, 4), std::nullopt);
+  EXPECT_EQ(stringLoad(2036, 4), "The");
 }
 
 }  // namespace quillon::test

@@ -71,7 +71,8 @@ class PositionForms : public testing::Test {
   static std::string load(const Tool& t) { return "choose DAY.B01\n" + press(t.tool.controls.load); }
   static std::string printTo(const Tool& t, int radio, const std::string& name) {
     const PositionControls& at = t.tool.controls;
-    return press(radio) + press(at.file) + "type " + std::to_string(at.outFile) + " " + name + "\n" + press(at.print);
+    return press(radio) + press(at.file) + "type " + std::to_string(at.outFileControls[0]) + " " + name + "\n" +
+           press(at.print);
   }
 
   // A run under the fault, Cancel, and a run without it: whatever the first one met, nothing stays behind and the second one
@@ -172,10 +173,23 @@ TEST_F(PositionForms, fileWithoutAClientThatTakesPartPrintsTheTitleWithoutAName)
 TEST_F(PositionForms, idsOfEachFormAreDistinct) {
   for (const Tool& t : tools) {
     const PositionControls& at = t.tool.controls;
-    std::vector<int> ids = {
-        at.load,      at.clientWise,     at.scripWise, at.clientScrip, at.scripClient, at.clientList,   at.clientListLabel,
-        at.scripList, at.scripListLabel, at.printer,   at.file,        at.outFile,     at.outFileLabel, at.lines,
-        at.print,     at.cancel,         at.reply};
+    std::vector<int> ids = {at.load,
+                            at.clientWise,
+                            at.scripWise,
+                            at.clientScrip,
+                            at.scripClient,
+                            at.clientList,
+                            at.clientListLabel,
+                            at.scripList,
+                            at.scripListLabel,
+                            at.printer,
+                            at.file,
+                            at.outFileControls[0],
+                            at.outFileControls[1],
+                            at.lines,
+                            at.print,
+                            at.cancel,
+                            at.reply};
     std::sort(ids.begin(), ids.end());
     EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end()) << t.form;
     const std::string shown = scriptRun(std::string("tool ") + t.form + "\n", program).transcript;

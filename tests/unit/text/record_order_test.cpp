@@ -4,11 +4,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <numeric>
 #include <random>
 #include <string>
 #include <vector>
+
+#include "desktop/scripted/faults.h"
+#include "desktop/scripted/memory.h"
 
 namespace quillon {
 
@@ -24,6 +29,13 @@ int compareText(const char* left, const char* right, std::size_t width, bool fol
     if (a == 0) return 0;
   }
   return 0;
+}
+
+long timeRead(const char* bytes) {
+  const auto part = [bytes](int i) { return static_cast<int>(static_cast<unsigned char>(bytes[i])); };
+  char digits[16];
+  std::snprintf(digits, sizeof digits, "%02d%02d%02d", part(0), part(1), part(2));
+  return std::atol(digits);
 }
 
 int compareKey(const char* left, const char* right, const RecordKey& key) {
@@ -45,30 +57,45 @@ int compareKey(const char* left, const char* right, const RecordKey& key) {
     }
     case KeyKind::number8:
       return static_cast<signed char>(*left) - static_cast<signed char>(*right);
+    case KeyKind::number64: {
+      std::int64_t a;
+      std::int64_t b;
+      std::memcpy(&a, left, 8);
+      std::memcpy(&b, right, 8);
+      return (a > b) - (a < b);
+    }
+    case KeyKind::time: {
+      const long a = timeRead(left);
+      const long b = timeRead(right);
+      return (a > b) - (a < b);
+    }
   }
   return 0;
 }
 
-std::vector<std::uint32_t> plainOrder(const Records& records, const RecordKey& first, const RecordKey& second) {
+std::vector<std::uint32_t> plainOrder(const Records& records, std::span<const RecordKey> keys) {
   std::vector<std::uint32_t> order(records.count);
   std::iota(order.begin(), order.end(), 0u);
   const auto* bytes = static_cast<const char*>(records.bytes);
   std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-    const char* left = bytes + a * records.size;
-    const char* right = bytes + b * records.size;
-    const int byFirst = compareKey(left, right, first);
-    return (byFirst != 0 ? byFirst : compareKey(left, right, second)) < 0;
+    for (const RecordKey& key : keys) {
+      const int difference = compareKey(bytes + a * records.size, bytes + b * records.size, key);
+      if (difference != 0) return difference < 0;
+    }
+    return false;
   });
   return order;
 }
 
-void expectPlainOrder(const Records& records, const RecordKey& first, const RecordKey& second) {
+void expectPlainOrder(const Records& records, const std::vector<RecordKey>& keys) {
   std::vector<std::uint32_t> order(records.count, 77);
-  ASSERT_TRUE(recordOrder(records, first, second, order.data()));
-  ASSERT_EQ(order, plainOrder(records, first, second))
-      << records.count << " records of " << records.size << ", keys " << static_cast<int>(first.kind) << " at " << first.offset
-      << " wide " << first.width << ", " << static_cast<int>(second.kind) << " at " << second.offset << " wide "
-      << second.width;
+  ASSERT_TRUE(recordOrder(records, keys, order.data()));
+  std::string told;
+  for (const RecordKey& key : keys) {
+    told += " kind " + std::to_string(static_cast<int>(key.kind)) + " at " + std::to_string(key.offset) + " wide " +
+            std::to_string(key.width);
+  }
+  ASSERT_EQ(order, plainOrder(records, keys)) << records.count << " records of " << records.size << ", keys" << told;
 }
 
 }  // namespace
@@ -76,23 +103,23 @@ void expectPlainOrder(const Records& records, const RecordKey& first, const Reco
 TEST(RecordOrder, isThatOfAPlainStableSortOnRandomRecords) {
   std::mt19937 random(9);
   const std::string letters[] = {"A", "AB", std::string("\0A", 2), std::string("\0aAbB", 5), "aZ_[z@", "\x7f\x80\xff\x01"};
-  for (int round = 0; round < 600; ++round) {
-    const std::size_t size = 4 + random() % 60;
+  for (int round = 0; round < 1500; ++round) {
+    const std::size_t size = 8 + random() % 60;
     const std::size_t counts[] = {0, 1, 2, 3, 20, 30, 200, 700, 3000};
     const std::size_t count = counts[random() % 9];
     const std::string& alphabet = letters[random() % 6];
     const bool allBytes = random() % 4 == 0;
     std::string bytes(count * size, '\0');
     for (char& c : bytes) c = allBytes ? static_cast<char>(random()) : alphabet[random() % alphabet.size()];
-    RecordKey keys[2];
+    std::vector<RecordKey> keys(random() % 4);
     for (RecordKey& key : keys) {
-      key.kind = static_cast<KeyKind>(random() % 5);
-      key.offset = random() % (size - 3);
+      key.kind = static_cast<KeyKind>(random() % 7);
+      key.offset = random() % (size - 7);
       key.width = 1 + random() % (size - key.offset);
     }
     // The exact size, so that a look behind the last record is caught.
     const std::vector<char> exact(bytes.begin(), bytes.end());
-    expectPlainOrder({exact.data(), size, count}, keys[0], keys[1]);
+    expectPlainOrder({exact.data(), size, count}, keys);
     if (HasFatalFailure()) return;
   }
 }
@@ -108,8 +135,8 @@ TEST(RecordOrder, textsThatShareALongBeginningAreTold) {
     }
     for (const KeyKind kind : {KeyKind::text, KeyKind::foldedText}) {
       for (std::size_t width = 17; width <= 44; ++width) {
-        expectPlainOrder({bytes.data(), size, count}, {kind, 0, width}, {KeyKind::number, 44, 0});
-        expectPlainOrder({bytes.data(), size, count}, {kind, 0, width}, {KeyKind::text, 41, 7});
+        expectPlainOrder({bytes.data(), size, count}, {{kind, 0, width}, {KeyKind::number, 44, 0}});
+        expectPlainOrder({bytes.data(), size, count}, {{kind, 0, width}, {KeyKind::text, 41, 7}});
       }
     }
   }
@@ -118,62 +145,136 @@ TEST(RecordOrder, textsThatShareALongBeginningAreTold) {
 TEST(RecordOrder, negativeNumbersComeFirst) {
   const std::int32_t numbers[] = {5, -1, 0, INT32_MIN, INT32_MAX, -1};
   std::uint32_t order[6];
-  ASSERT_TRUE(recordOrder({numbers, 4, 6}, {KeyKind::number, 0, 0}, {KeyKind::none, 0, 0}, order));
+  ASSERT_TRUE(recordOrder({numbers, 4, 6}, {{KeyKind::number, 0, 0}}, order));
   EXPECT_EQ(std::vector<std::uint32_t>(order, order + 6), (std::vector<std::uint32_t>{3, 1, 5, 2, 0, 4}));
 }
 
 TEST(RecordOrder, equalRecordsKeepTheOrderOfTheFile) {
   const std::string records = "B1A2B3A4B5A6";
   std::uint32_t order[6];
-  ASSERT_TRUE(recordOrder({records.data(), 2, 6}, {KeyKind::text, 0, 1}, {KeyKind::none, 0, 0}, order));
+  ASSERT_TRUE(recordOrder({records.data(), 2, 6}, {{KeyKind::text, 0, 1}}, order));
   EXPECT_EQ(std::vector<std::uint32_t>(order, order + 6), (std::vector<std::uint32_t>{1, 3, 5, 0, 2, 4}));
 }
 
 TEST(RecordOrder, secondKeyDecidesAmongEqualFirstKeys) {
   const std::string records = "B2A2B1A1";
   std::uint32_t order[4];
-  ASSERT_TRUE(recordOrder({records.data(), 2, 4}, {KeyKind::text, 0, 1}, {KeyKind::text, 1, 1}, order));
+  ASSERT_TRUE(recordOrder({records.data(), 2, 4}, {{KeyKind::text, 0, 1}, {KeyKind::text, 1, 1}}, order));
   EXPECT_EQ(std::vector<std::uint32_t>(order, order + 4), (std::vector<std::uint32_t>{3, 1, 2, 0}));
 }
 
 TEST(RecordOrder, caseIsTheSameWhereItIsFoldedAndUnderscoreComesBeforeLetters) {
   const std::string records = "bB_Aa";
   std::uint32_t order[5];
-  ASSERT_TRUE(recordOrder({records.data(), 1, 5}, {KeyKind::foldedText, 0, 1}, {KeyKind::none, 0, 0}, order));
+  ASSERT_TRUE(recordOrder({records.data(), 1, 5}, {{KeyKind::foldedText, 0, 1}}, order));
   EXPECT_EQ(std::vector<std::uint32_t>(order, order + 5), (std::vector<std::uint32_t>{2, 3, 4, 0, 1}));
 }
 
 TEST(RecordOrder, bytesBehindTheNulAreNotPartOfTheText) {
   const std::string records("ab\0zab\0aab\0m", 12);
   std::uint32_t order[3];
-  ASSERT_TRUE(recordOrder({records.data(), 4, 3}, {KeyKind::text, 0, 4}, {KeyKind::none, 0, 0}, order));
+  ASSERT_TRUE(recordOrder({records.data(), 4, 3}, {{KeyKind::text, 0, 4}}, order));
   EXPECT_EQ(std::vector<std::uint32_t>(order, order + 3), (std::vector<std::uint32_t>{0, 1, 2}));
 }
 
 TEST(RecordOrder, noRecordsLeaveTheOrderAlone) {
   std::uint32_t order[1] = {42};
-  EXPECT_TRUE(recordOrder({nullptr, 132, 0}, {KeyKind::text, 0, 12}, {KeyKind::number, 12, 0}, order));
+  EXPECT_TRUE(recordOrder({nullptr, 132, 0}, {{KeyKind::text, 0, 12}, {KeyKind::number, 12, 0}}, order));
   EXPECT_EQ(order[0], 42u);
 }
 
-TEST(RecordOrder, fail_memoryGivesTheOrderOfTheFile) {
-  const std::string records = "dcba";
+TEST(RecordOrder, thirdKeyDecidesBehindEveryKindOfTheFirstTwo) {
+  std::mt19937 random(11);
+  constexpr KeyKind kinds[] = {KeyKind::text,    KeyKind::foldedText, KeyKind::number,
+                               KeyKind::number8, KeyKind::number64,   KeyKind::time};
+  constexpr std::size_t size = 40;
+  for (const std::size_t count : {80, 400}) {
+    std::vector<char> bytes(count * size, '\0');
+    for (char& c : bytes) c = static_cast<char>(random() % 3 == 0 ? random() % 2 : 0);
+    for (const KeyKind first : kinds) {
+      for (const KeyKind second : kinds) {
+        for (const KeyKind third : kinds) {
+          for (const std::size_t width : {4, 12}) {
+            expectPlainOrder({bytes.data(), size, count}, {{first, 0, width}, {second, 12, width}, {third, 24, width}});
+            if (testing::Test::HasFatalFailure()) return;
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(RecordOrder, negative64BitNumbersComeFirstAndTheHighWordDecides) {
+  const std::int64_t numbers[] = {5, -1, INT64_MAX, INT64_MIN, std::int64_t{1} << 32, 0xFFFFFFFF};
+  std::uint32_t order[6];
+  ASSERT_TRUE(recordOrder({numbers, 8, 6}, {{KeyKind::number64, 0, 0}}, order));
+  EXPECT_EQ(std::vector<std::uint32_t>(order, order + 6), (std::vector<std::uint32_t>{3, 1, 0, 5, 4, 2}));
+}
+
+TEST(RecordOrder, timeIsTheNumberThatItsPartsReadAsWithTwoDigitsEach) {
+  // 91503, 90503, 235959, 500, 110005 twice: a part of 100 stands with three digits.
+  const unsigned char times[] = {9, 15, 3, 9, 5, 3, 23, 59, 59, 0, 5, 0, 1, 100, 5, 11, 0, 5};
+  std::uint32_t order[6];
+  ASSERT_TRUE(recordOrder({times, 3, 6}, {{KeyKind::time, 0, 0}}, order));
+  EXPECT_EQ(std::vector<std::uint32_t>(order, order + 6), (std::vector<std::uint32_t>{3, 1, 0, 4, 5, 2}));
+}
+
+TEST(RecordOrder, withoutKeysIsTheOrderOfTheFile) {
+  const std::string records = "cab";
+  std::uint32_t order[3];
+  ASSERT_TRUE(recordOrder({records.data(), 1, 3}, {}, order));
+  EXPECT_EQ(std::vector<std::uint32_t>(order, order + 3), (std::vector<std::uint32_t>{0, 1, 2}));
+}
+
+namespace {
+
+// The memory of orders, which the desktop counts and can refuse.
+struct OrderMemory : testing::Test {
+  void SetUp() override { faultsReset(); }
+  void TearDown() override {
+    faultsReset();
+    EXPECT_EQ(memoryBlocksHeld(), 0u);
+  }
+
+  const std::string letters = "dcba";
+  const Records records = {letters.data(), 1, 4};
+};
+
+}  // namespace
+
+TEST_F(OrderMemory, fail_orderGivesTheOrderOfTheFile) {
+  faultsArm(Fault::order, 1, false);
   std::uint32_t order[4] = {};
-  EXPECT_FALSE(detail::recordOrderWith({records.data(), 1, 4}, {KeyKind::text, 0, 1}, {KeyKind::none, 0, 0}, order,
-                                       [](std::size_t) -> void* { return nullptr; }));
+  EXPECT_FALSE(recordOrder(records, {{KeyKind::text, 0, 1}}, order));
   EXPECT_EQ(std::vector<std::uint32_t>(order, order + 4), (std::vector<std::uint32_t>{0, 1, 2, 3}));
 }
 
-TEST(RecordOrder, takesTwentyBytesARecord) {
-  static std::size_t taken = 0;
-  const std::vector<char> records(1000 * 132, 'x');
-  std::vector<std::uint32_t> order(1000);
-  EXPECT_TRUE(detail::recordOrderWith({records.data(), 132, 1000}, {KeyKind::text, 0, 12}, {KeyKind::none, 0, 0}, order.data(),
-                                      [](std::size_t size) {
-                                        taken += size;
-                                        return std::malloc(size);
-                                      }));
-  EXPECT_EQ(taken, 20000u);
+TEST_F(OrderMemory, orderOfRecordsHoldsItsPositionsAsLongAsItLives) {
+  {
+    const RecordOrder order = orderOfRecords(records, {{KeyKind::text, 0, 1}});
+    ASSERT_TRUE(order);
+    EXPECT_EQ(std::vector<std::uint32_t>(order.positions().begin(), order.positions().end()),
+              (std::vector<std::uint32_t>{3, 2, 1, 0}));
+    EXPECT_EQ(memoryBlocksHeld(), 1u);
+  }
+  EXPECT_EQ(memoryBlocksHeld(), 0u);
+}
+
+TEST_F(OrderMemory, orderOfNoRecordsIsAnOrder) {
+  const RecordOrder order = orderOfRecords({nullptr, 1, 0}, {{KeyKind::text, 0, 1}});
+  EXPECT_TRUE(order);
+  EXPECT_EQ(order.positions().size(), 0u);
+}
+
+TEST_F(OrderMemory, fail_orderOfRecordsIsNoneWhereItOrItsSortGetsNoMemory) {
+  for (const std::size_t number : {1, 2}) {
+    faultsArm(Fault::order, number, false);
+    const RecordOrder order = orderOfRecords(records, {{KeyKind::text, 0, 1}});
+    EXPECT_FALSE(order) << number;
+    EXPECT_EQ(order.positions().size(), 0u);
+    EXPECT_EQ(memoryBlocksHeld(), 0u);
+  }
+  EXPECT_EQ(faultUses(Fault::order), 3u);
 }
 
 }  // namespace quillon

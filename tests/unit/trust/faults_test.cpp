@@ -1,5 +1,5 @@
-// Every use of memory, seek, tell, rewind, read, write and the rest fails once, at every place of a run, alone and with all
-// later ones: the told message shows, nothing stays behind, and the form prints the right report afterwards.
+// Every use of memory, seek, tell, rewind, read, write, the order of a sort and the rest fails once, at every place of a run,
+// alone and with all later ones: the told message shows, nothing stays behind, and the form prints the right report afterwards.
 #include "runs.h"
 #include "support/approved.h"
 
@@ -11,21 +11,32 @@ struct Kind {
   const char* name;
 };
 constexpr Kind kinds[] = {
-    {Fault::memory, "memory"}, {Fault::open, "open"},     {Fault::create, "create"}, {Fault::seek, "seek"},   {Fault::tell, "tell"},
-    {Fault::rewind, "rewind"}, {Fault::read, "read"},     {Fault::write, "write"},   {Fault::close, "close"},
+    {Fault::memory, "memory"}, {Fault::open, "open"},     {Fault::create, "create"}, {Fault::seek, "seek"},
+    {Fault::tell, "tell"},     {Fault::rewind, "rewind"}, {Fault::read, "read"},     {Fault::write, "write"},
+    {Fault::close, "close"},   {Fault::order, "order"},   {Fault::string, "string"},
 };
 
 const std::string& told(const FormRun& run, Fault fault) {
-  static const std::string written = "Error In Writing Output File", none;
+  static const std::string written = "Error In Writing Output File", noMasks = "LoadString Failed", none;
   switch (fault) {
-    case Fault::memory: return run.memory;
-    case Fault::open: return run.open;
-    case Fault::create: return run.create;
-    case Fault::seek: return run.seek;
-    case Fault::tell: return run.tell;
+    case Fault::memory:
+    case Fault::order:
+      return run.memory;
+    case Fault::string:
+      return noMasks;
+    case Fault::open:
+      return run.open;
+    case Fault::create:
+      return run.create;
+    case Fault::seek:
+      return run.seek;
+    case Fault::tell:
+      return run.tell;
     case Fault::write:
-    case Fault::close: return written;
-    default: return none;
+    case Fault::close:
+      return written;
+    default:
+      return none;
   }
 }
 
@@ -35,9 +46,9 @@ class Faults : public InOwnFolder {
   static bool expectGoodEnd(const FormRun& run, Fault fault, std::size_t number, bool andAllLater, const std::string& wanted) {
     std::filesystem::remove("OUT.TXT");
     std::filesystem::remove("AGAIN.TXT");
-    const Outcome outcome = runProgram(commandsOf(run, "OUT.TXT") + "fail\n" + "press " + std::to_string(run.cancel) + "\n" +
-                                           loadAndPrint(run, "AGAIN.TXT"),
-                                       fault, number, andAllLater);
+    const Outcome outcome = runProgram(
+        commandsOf(run, "OUT.TXT") + "fail\n" + "press " + std::to_string(run.cancel) + "\n" + loadAndPrint(run, "AGAIN.TXT"),
+        fault, number, andAllLater);
     const bool met = faultsFired(fault) > 0;
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.error, "");
@@ -76,8 +87,8 @@ TEST_F(Faults, atEveryPlaceAreToldAndLeaveNothingBehind) {
         }
         const bool used = number > 2;
         const bool takesNoBlock = kind.fault == Fault::memory && run.memory.empty();
-        const bool mustBeUsed =
-            kind.fault != Fault::rewind && kind.fault != Fault::seek && kind.fault != Fault::tell && !takesNoBlock;
+        const bool mustBeUsed = kind.fault != Fault::rewind && kind.fault != Fault::seek && kind.fault != Fault::tell &&
+                                kind.fault != Fault::order && !takesNoBlock;
         EXPECT_TRUE(used || !mustBeUsed) << run.name << " meets no " << kind.name;
       }
     }

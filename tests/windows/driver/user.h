@@ -1,0 +1,40 @@
+// What a user does: the commands of a script, each carried out to its end.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "program.h"
+
+namespace driving {
+
+using Action = std::function<void()>;
+// On a thread of its own, until the action has come back, and with it everything that the program did on its word; boxes and
+// dialogs are answered meanwhile.
+void carryOut(Action action);
+void send(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+void clickAt(HWND window, int x, int y);
+HWND focusWindow();
+POINT middleOf(const Tool& tool);  // of its button, on the toolbar
+
+// The form that the commands go to; null, and refused, where none is open.
+const Tool* current();
+
+void pressTool(const std::wstring& form);
+void pressKey(const std::string& name);
+void turnTo(const std::wstring& form);
+void press(int id);
+void type(int id, const std::wstring& text);
+void pick(int id, const std::wstring& text);
+void closeForm();
+void quit();
+
+// What only Windows has.
+void hover(const std::wstring& form);
+void pressTab();
+void pressEscape();
+void pressMnemonic(wchar_t letter);
+void typeKeys(const std::wstring& text);
+void tellOfFrame();
+
+}  // namespace driving
