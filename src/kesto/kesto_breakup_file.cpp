@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <numeric>
 #include <string_view>
 
 #include "desktop/memory.h"
-#include "text/record_order.h"
 #include "text/scan.h"
 
 namespace quillon {
@@ -61,15 +59,10 @@ static std::size_t countLines(Input& input) {
   return lines;
 }
 
-// One block: the records with a zero one behind them, then their order.
 static bool takeBlock(KestoBreakups& file, std::size_t count) {
-  void* const block = memoryTake((count + 1) * sizeof(KestoBreakup) + count * sizeof(std::uint32_t));
-  if (!block) return false;
-  file.records = static_cast<KestoBreakup*>(block);
-  file.order = static_cast<std::uint32_t*>(static_cast<void*>(file.records + count + 1));
-  file.count = count;
-  std::iota(file.order, file.order + count, 0u);
-  return true;
+  file.records = static_cast<KestoBreakup*>(memoryTake((count + 1) * sizeof(KestoBreakup)));
+  file.count = file.records ? count : 0;
+  return file.records != nullptr;
 }
 
 static bool readRecords(Input& input, KestoBreakups& file) {
@@ -97,9 +90,9 @@ void freeKestoBreakups(KestoBreakups& file) {
   file = {};
 }
 
-bool sortKestoBreakups(KestoBreakups& file) {
+RecordOrder orderKestoBreakups(const KestoBreakups& file) {
   const RecordKey byScripCode = {KeyKind::number, offsetof(KestoBreakup, scripCode), 0};
-  return recordOrder({file.records, sizeof(KestoBreakup), file.count}, byScripCode, {KeyKind::none, 0, 0}, file.order);
+  return orderOfRecords({file.records, sizeof(KestoBreakup), file.count}, {byScripCode});
 }
 
 }  // namespace quillon

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "text/input.h"
+#include "text/record_order.h"
 
 namespace quillon {
 
@@ -62,10 +63,9 @@ static_assert(offsetof(KestoBreakup, netPosition) == 288 && offsetof(KestoBreaku
 static_assert(offsetof(KestoBreakup, grossLend) == 296   && offsetof(KestoBreakup, grossBorrow) == 300);
 // clang-format on
 
-// A file in memory for the length of a run, in one block.
+// A file in memory for the length of a run.
 struct KestoBreakups {
-  KestoBreakup* records = nullptr;
-  std::uint32_t* order = nullptr;  // positions of the records as they are to be printed; the file's order at first
+  KestoBreakup* records = nullptr;  // count, and a zero one behind them
   std::size_t count = 0;
 };
 
@@ -83,8 +83,8 @@ enum class KestoBreakupLoad {
 [[nodiscard]] KestoBreakupLoad loadKestoBreakups(Input& input, KestoBreakups& file);
 void freeKestoBreakups(KestoBreakups& file);
 
-// Fills file.order, ascending by scrip code; records of one scrip keep their order in the file. False when there is no memory
-// for the sort.
-[[nodiscard]] bool sortKestoBreakups(KestoBreakups& file);
+// The order of the records, ascending by scrip code; those of one scrip keep their order in the file. It tests as false when
+// there was no memory for it.
+[[nodiscard]] RecordOrder orderKestoBreakups(const KestoBreakups& file);
 
 }  // namespace quillon

@@ -63,11 +63,12 @@ static void recordLines(Output& out, const KestoBreakup& record) {
   rule(out);
 }
 
-void writeKestoBreakups(Output& out, const KestoBreakups& file, const KestoBreakupOptions& options) {
+void writeKestoBreakups(Output& out, const KestoBreakups& file, std::span<const std::uint32_t> order,
+                        const KestoBreakupOptions& options) {
   int page = 1;
   unsigned records = 0;
   heading(out, options, page);
-  for (const KestoBreakup& record : inOrder(file.records, {file.order, file.count})) {
+  for (const KestoBreakup& record : inOrder(file.records, order)) {
     if (records == options.linesPerPage) {
       // Every record has its own rule, so a full page needs none.
       print<"%c">(out, formFeed);

@@ -1,6 +1,8 @@
 // The (R) breakup report of the lending product's form: twelve lines a record, two for each of its five days.
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "kesto/kesto_breakup_file.h"
@@ -15,7 +17,8 @@ struct KestoBreakupOptions {
   std::string_view brokerNo;  // as the user typed it
 };
 
-// Writes the whole report in file.order, page numbers from 1, to the form feed behind its end.
-void writeKestoBreakups(Output& out, const KestoBreakups& file, const KestoBreakupOptions& options);
+// Writes the whole report, page numbers from 1, to the form feed behind its end. `order` holds positions of file.records.
+void writeKestoBreakups(Output& out, const KestoBreakups& file, std::span<const std::uint32_t> order,
+                        const KestoBreakupOptions& options);
 
 }  // namespace quillon

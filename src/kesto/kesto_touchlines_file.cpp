@@ -1,9 +1,6 @@
 #include "kesto/kesto_touchlines_file.h"
 
-#include <numeric>
-
 #include "desktop/memory.h"
-#include "text/record_order.h"
 #include "text/tokens.h"
 
 namespace quillon {
@@ -49,15 +46,10 @@ static LineCount countLines(Input& input) {
   return count;
 }
 
-// One block: the rows with a zero one behind them, then their order.
 static bool takeBlock(KestoDayTouchlines& file, std::size_t count) {
-  void* const block = memoryTake((count + 1) * sizeof(KestoDayTouchline) + count * sizeof(std::uint32_t));
-  if (!block) return false;
-  file.rows = static_cast<KestoDayTouchline*>(block);
-  file.order = static_cast<std::uint32_t*>(static_cast<void*>(file.rows + count + 1));
-  file.count = count;
-  std::iota(file.order, file.order + count, 0u);
-  return true;
+  file.rows = static_cast<KestoDayTouchline*>(memoryTake((count + 1) * sizeof(KestoDayTouchline)));
+  file.count = file.rows ? count : 0;
+  return file.rows != nullptr;
 }
 
 static void splitHeader(std::string_view line, TouchlineHeader& header) {
@@ -118,11 +110,11 @@ void freeKestoDayTouchlines(KestoDayTouchlines& file) {
   file = {};
 }
 
-bool sortKestoDayTouchlines(KestoDayTouchlines& file, KestoTouchlinesSort sort) {
+RecordOrder orderKestoDayTouchlines(const KestoDayTouchlines& file, KestoTouchlinesSort sort) {
   RecordKey key = {KeyKind::number, offsetof(KestoDayTouchline, scripCode), 0};
   if (sort == KestoTouchlinesSort::scripId) key = {KeyKind::text, offsetof(KestoDayTouchline, scripId), sizeof(TextField<12>)};
   if (sort == KestoTouchlinesSort::days) key = {KeyKind::number8, offsetof(KestoDayTouchline, days), 0};
-  return recordOrder({file.rows, sizeof(KestoDayTouchline), file.count}, key, {KeyKind::none, 0, 0}, file.order);
+  return orderOfRecords({file.rows, sizeof(KestoDayTouchline), file.count}, {key});
 }
 
 }  // namespace quillon

@@ -11,6 +11,7 @@
 #include "market/touchline_file.h"
 #include "text/fields.h"
 #include "text/input.h"
+#include "text/record_order.h"
 
 namespace quillon {
 
@@ -45,11 +46,10 @@ static_assert(offsetof(KestoDayTouchline, tradeVolume) == 48);
 static_assert(offsetof(KestoDayTouchline, marketStatus) == 52);
 static_assert(offsetof(KestoDayTouchline, days) == 56);
 
-// A file in memory for the length of a run, in one block.
+// A file in memory for the length of a run.
 struct KestoDayTouchlines {
   TouchlineHeader header = {};
-  KestoDayTouchline* rows = nullptr;
-  std::uint32_t* order = nullptr;  // positions of the rows as they are to be printed; the file's order at first
+  KestoDayTouchline* rows = nullptr;  // count, and a zero one behind them
   std::size_t count = 0;
 };
 
@@ -69,7 +69,8 @@ void freeKestoDayTouchlines(KestoDayTouchlines& file);
 
 enum class KestoTouchlinesSort { scripCode, scripId, days };
 
-// Fills file.order, ascending; rows that are equal keep their order in the file. False when there is no memory for the sort.
-[[nodiscard]] bool sortKestoDayTouchlines(KestoDayTouchlines& file, KestoTouchlinesSort sort);
+// The order of the rows, ascending; rows that are equal keep their order in the file. It tests as false when there was no
+// memory for it.
+[[nodiscard]] RecordOrder orderKestoDayTouchlines(const KestoDayTouchlines& file, KestoTouchlinesSort sort);
 
 }  // namespace quillon

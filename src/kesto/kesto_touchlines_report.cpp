@@ -129,11 +129,12 @@ static void rowLine(Output& out, const KestoDayTouchline& row) {
 
 // clang-format on
 
-void writeKestoDayTouchlines(Output& out, const KestoDayTouchlines& file, const KestoTouchlinesOptions& options) {
+void writeKestoDayTouchlines(Output& out, const KestoDayTouchlines& file, std::span<const std::uint32_t> order,
+                             const KestoTouchlinesOptions& options) {
   int page = 1;
   unsigned rows = 0;
   heading(out, file.header, options.lending, page);
-  for (const KestoDayTouchline& row : inOrder(file.rows, {file.order, file.count})) {
+  for (const KestoDayTouchline& row : inOrder(file.rows, order)) {
     if (rows == options.linesPerPage) {
       closingRule(out);
       print<"%c">(out, formFeed);

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,6 +59,7 @@ struct PositionLists {
   std::vector<std::string> scrips;
 };
 PositionLists positionListsOf(const PositionFile& file);
+PositionLists positionListsOf(std::span<const KestoTradeRec> records);
 
 // ---- The totals -------------------------------------------------------------------------------------------------------
 

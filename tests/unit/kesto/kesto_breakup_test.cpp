@@ -48,12 +48,13 @@ struct Loaded {
 };
 
 std::string reportOf(const std::string& lines, const KestoBreakupOptions& options) {
-  Loaded loaded(lines);
+  const Loaded loaded(lines);
   EXPECT_EQ(loaded.load, KestoBreakupLoad::loaded);
-  EXPECT_TRUE(sortKestoBreakups(loaded.file));
+  const RecordOrder order = orderKestoBreakups(loaded.file);
+  EXPECT_TRUE(order);
   std::string text;
   Output* out = outputToMemory(&text);
-  writeKestoBreakups(*out, loaded.file, options);
+  writeKestoBreakups(*out, loaded.file, order.positions(), options);
   EXPECT_TRUE(outputClose(out));
   return text;
 }
@@ -196,11 +197,19 @@ TEST(KestoBreakup, aLineOfMoreThan999CharactersIsTwoRecords) {
 // ---- Order and failures -----------------------------------------------------------------------------------------------
 
 TEST(KestoBreakup, recordsStandByScripCodeAndThoseOfOneScripInTheFilesOrder) {
-  Loaded loaded("2|30|\n-1|40|\n2|10|\n1|50|\n2|20|\n");
-  ASSERT_TRUE(sortKestoBreakups(loaded.file));
+  const Loaded loaded("2|30|\n-1|40|\n2|10|\n1|50|\n2|20|\n");
+  const RecordOrder order = orderKestoBreakups(loaded.file);
+  ASSERT_TRUE(order);
   std::vector<std::int32_t> days;
-  for (std::size_t i = 0; i < loaded.file.count; ++i) days.push_back(loaded.file.records[loaded.file.order[i]].days[0].day);
+  for (const std::uint32_t position : order.positions()) days.push_back(loaded.file.records[position].days[0].day);
   EXPECT_EQ(days, (std::vector<std::int32_t>{40, 50, 30, 10, 20}));
+}
+
+TEST(KestoBreakup, anOrderWithoutMemoryTestsAsFalse) {
+  const Loaded loaded("1|\n2|\n");
+  faultsArm(Fault::order, 1, false);
+  EXPECT_FALSE(orderKestoBreakups(loaded.file));
+  faultsReset();
 }
 
 TEST(KestoBreakup, failuresOfTheLoad) {

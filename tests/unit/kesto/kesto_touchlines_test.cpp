@@ -44,10 +44,11 @@ std::string reportOf(const std::string& lines, const KestoTouchlinesOptions& opt
   const TextFile file(lines);
   KestoDayTouchlines loaded;
   EXPECT_EQ(loadKestoDayTouchlines(file.open(), loaded), KestoTouchlinesLoad::loaded);
-  EXPECT_TRUE(sortKestoDayTouchlines(loaded, sort));
+  const RecordOrder order = orderKestoDayTouchlines(loaded, sort);
+  EXPECT_TRUE(order);
   std::string text;
   Output* out = outputToMemory(&text);
-  writeKestoDayTouchlines(*out, loaded, options);
+  writeKestoDayTouchlines(*out, loaded, order.positions(), options);
   EXPECT_TRUE(outputClose(out));
   freeKestoDayTouchlines(loaded);
   return text;
@@ -82,9 +83,10 @@ std::vector<std::string> idsInOrder(const std::string& lines, KestoTouchlinesSor
   const TextFile file(lines);
   KestoDayTouchlines loaded;
   EXPECT_EQ(loadKestoDayTouchlines(file.open(), loaded), KestoTouchlinesLoad::loaded);
-  EXPECT_TRUE(sortKestoDayTouchlines(loaded, sort));
+  const RecordOrder order = orderKestoDayTouchlines(loaded, sort);
+  EXPECT_TRUE(order);
   std::vector<std::string> ids;
-  for (std::size_t i = 0; i < loaded.count; ++i) ids.emplace_back(loaded.rows[loaded.order[i]].scripId.view());
+  for (const std::uint32_t position : order.positions()) ids.emplace_back(loaded.rows[position].scripId.view());
   freeKestoDayTouchlines(loaded);
   return ids;
 }
@@ -233,6 +235,16 @@ TEST(KestoTouchlines, textsAreCutToTheirFieldsAndDaysToTheirByte) {
 }
 
 // ---- Failures ---------------------------------------------------------------------------------------------------------
+
+TEST(KestoTouchlines, anOrderWithoutMemoryTestsAsFalse) {
+  const TextFile file("d|t|k|\nA|1|\n");
+  KestoDayTouchlines loaded;
+  ASSERT_EQ(loadKestoDayTouchlines(file.open(), loaded), KestoTouchlinesLoad::loaded);
+  faultsArm(Fault::order, 1, false);
+  EXPECT_FALSE(orderKestoDayTouchlines(loaded, KestoTouchlinesSort::days));
+  faultsReset();
+  freeKestoDayTouchlines(loaded);
+}
 
 TEST(KestoTouchlines, failuresOfTheLoad) {
   const std::string lines = "d|t|k|\nA|1|\nB|2|\n";
