@@ -4,8 +4,6 @@
 // open. A change of the list after the load asks for another load, save that Convert takes the file that is there.
 #include "kesto/kesto_form.h"
 
-#include <memory>
-#include <new>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,6 +27,7 @@
 #include "market/file_name.h"
 #include "resource.h"
 #include "text/print.h"
+#include "text/record_order.h"
 #include "trades/trade_file.h"
 
 namespace quillon {
@@ -493,19 +492,17 @@ struct ListWriter {
 
 template <typename Record>
 static bool writeList(FormHandle form, const Options& options, const ListWriter<Record>& writer) {
-  const auto* const records = static_cast<const Record*>(state.block);
-  const std::unique_ptr<std::uint32_t[]> positions(new (std::nothrow) std::uint32_t[state.count]);
-  const auto sort = [&](KestoSort by) {
-    const KestoSortKeys keys = writer.keys(by);
-    return recordOrder({records, sizeof(Record), state.count}, keys.first, keys.second, positions.get());
-  };
-  if (!positions || !sort(sortOf(options.kestoSortId))) return failMemory(form);
-  const KestoOrder order(positions.get(), state.count);
+  const auto* const block = static_cast<const Record*>(state.block);
+  const Records records = {block, sizeof(Record), state.count};
+  const KestoSortKeys keys = writer.keys(sortOf(options.kestoSortId));
+  const RecordOrder order = orderOfRecords(records, {keys.first, keys.second});
+  if (!order) return failMemory(form);
   KestoList list = {state.header, fileSelection.isLendingFile, options.linesPerPage, 1};
-  writer.list(*state.output, list, records, order);
+  writer.list(*state.output, list, block, order.positions());
   if (!netPositionAsked) return true;
-  if (!sort(KestoSort::days)) return failMemory(form);
-  writer.position(*state.output, list, records, order);
+  const KestoSortKeys byDays = writer.keys(KestoSort::days);
+  if (!recordOrder(records, {byDays.first, byDays.second}, order.memory.get())) return failMemory(form);
+  writer.position(*state.output, list, block, order.positions());
   return true;
 }
 
@@ -549,8 +546,9 @@ static bool writeTouchlines(FormHandle form, const Options& options, KestoDayTou
     case KestoTouchlinesLoad::notRead:
       return tell(form, notReadReply);
   }
-  if (!sortKestoDayTouchlines(file, touchlinesSortOf(options.kestoSortId))) return tell(form, noTouchlinesMemoryReply);
-  writeKestoDayTouchlines(*state.output, file, {options.linesPerPage, fileSelection.isLendingFile});
+  const RecordOrder order = orderKestoDayTouchlines(file, touchlinesSortOf(options.kestoSortId));
+  if (!order) return tell(form, noTouchlinesMemoryReply);
+  writeKestoDayTouchlines(*state.output, file, order.positions(), {options.linesPerPage, fileSelection.isLendingFile});
   return true;
 }
 
@@ -608,8 +606,10 @@ static bool writeBreakup(FormHandle form, const Options& options, const std::str
     case KestoBreakupLoad::notRead:
       return tell(form, notReadReply);
   }
-  if (!sortKestoBreakups(file)) return tellInBox(form, memoryTitle, noBreakupMemory);
-  writeKestoBreakups(*state.output, file, {options.linesPerPage, fileSelection.isLendingFile, runDate, options.brokerNo});
+  const RecordOrder order = orderKestoBreakups(file);
+  if (!order) return tellInBox(form, memoryTitle, noBreakupMemory);
+  writeKestoBreakups(*state.output, file, order.positions(),
+                     {options.linesPerPage, fileSelection.isLendingFile, runDate, options.brokerNo});
   return true;
 }
 

@@ -93,7 +93,7 @@ inline std::vector<std::uint32_t> fileOrder(std::size_t count) {
 template <typename Record>
 std::vector<std::uint32_t> orderOf(const std::vector<Record>& block, const KestoSortKeys& keys) {
   std::vector<std::uint32_t> order(block.size());
-  EXPECT_TRUE(recordOrder({block.data(), sizeof(Record), block.size() - 1}, keys.first, keys.second, order.data()));
+  EXPECT_TRUE(recordOrder({block.data(), sizeof(Record), block.size() - 1}, {keys.first, keys.second}, order.data()));
   order.resize(block.size() - 1);
   return order;
 }
