@@ -1,0 +1,3 @@
+from workfiles import *
+
+write("FEW.B01", header(fileKind="C"), kestoTrade(), kestoTrade(side="M", trdId=1002))
