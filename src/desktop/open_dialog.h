@@ -19,7 +19,8 @@ struct OpenDialog {
   std::string title;
   std::string folder;  // where it starts, UTF-8
   std::span<const FileMask> masks;
-  int selected;  // 1 is the first mask; 0 selects none
+  int selected;           // 1 is the first mask; 0 selects none
+  std::string name = {};  // the file that it offers to begin with, UTF-8, with its folder; empty: none
 };
 
 // The full path of the file that was chosen, UTF-8, at most 299 characters; nothing on Cancel. The file and its folder exist:

@@ -126,6 +126,7 @@ void loadFile(int request, LoadVariant variant, FormHandle owner, std::string& p
 
   OpenDialog dialog = {};
   dialog.folder = openDialogCurrentFolder() + "\\export";
+  dialog.name = path;
   dialog.selected = 1;
   if (variant == LoadVariant::auctionBdaDetails || variant == LoadVariant::auctionRejectedEntitlements) dialog.selected = 0;
 

@@ -12,7 +12,9 @@ struct FileSelection {
   bool fileChosen;            // it ended with a file, not with Cancel
   bool isLendingFile;         // the file belongs to the lending market
   bool isLendingAuctionFile;  // read by the auction reports alone
-  std::string fileTitle;      // the file's name without its folder; the form blanks it once its title shows it
+  // The file's name without its folder, UTF-8 as a form's title is; edits, boxes and formats take bytesFromUtf8 of it. The form
+  // blanks it once its title shows it.
+  std::string fileTitle;
 };
 extern FileSelection fileSelection;
 
@@ -49,9 +51,9 @@ enum class LoadVariant {
   auctionRejectedEntitlements,
 };
 
-// Shows the open-file dialog for a request code. With a file chosen, `path` becomes its full path and fileSelection is set
-// from its name; on Cancel, and when the masks cannot be loaded, `path` stays as it was. `owner` is the asking form; some
-// codes belong to the main window whoever asks.
+// Shows the open-file dialog for a request code, beginning with the file that `path` names where it names one. With a file
+// chosen, `path` becomes its full path and fileSelection is set from its name; on Cancel, and when the masks cannot be loaded,
+// `path` stays as it was. `owner` is the asking form; some codes belong to the main window whoever asks.
 void loadFile(int request, LoadVariant variant, FormHandle owner, std::string& path);
 
 // The flags that a file's name gives, on top of what stands in fileSelection; loadFile calls it.

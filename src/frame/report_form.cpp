@@ -9,6 +9,7 @@
 #include "desktop/files.h"
 #include "desktop/strings.h"
 #include "frame/tools.h"
+#include "text/letters.h"
 
 namespace quillon {
 
@@ -64,8 +65,6 @@ void reportFormEvent(const FormFrame& frame, const FormEvent& event) {
 // ---- Messages ---------------------------------------------------------------------------------------------------------
 
 static bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-static char upperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 void showReply(FormHandle form, int reply, std::string_view text) {
   formSetText(form, reply, "");
@@ -140,7 +139,7 @@ void checkRadio(FormHandle form, std::span<const int> group, int checked) {
 // ---- Streams ----------------------------------------------------------------------------------------------------------
 
 bool outputNameIsValid(std::string& name) {
-  std::transform(name.begin(), name.end(), name.begin(), upperCase);
+  name = upperCased(name);
   return name.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890.") == std::string::npos;
 }
 
@@ -184,9 +183,7 @@ bool refuseInputAsOutput(FormHandle form, const StreamTexts& texts, const std::s
   return true;
 }
 
-static bool isPrinter(const std::string& name) {
-  return name.size() == 3 && upperCase(name[0]) == 'P' && upperCase(name[1]) == 'R' && upperCase(name[2]) == 'N';
-}
+static bool isPrinter(const std::string& name) { return upperCased(name) == "PRN"; }
 
 bool openOutputStream(FormHandle form, const StreamTexts& texts, const std::string& name, Output*& output) {
   output = outputOpen(name);

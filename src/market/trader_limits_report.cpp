@@ -1,13 +1,12 @@
 #include "market/trader_limits_report.h"
 
+#include "text/letters.h"
 #include "text/print.h"
 #include "text/tokens.h"
 
 namespace quillon {
 
 static constexpr char formFeed = 12;
-
-static char upperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 // ---- Normal, trader-wise ----------------------------------------------------------------------------------------------
 

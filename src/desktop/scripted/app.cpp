@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "desktop/scripted/encoding.h"
 #include "desktop/scripted/faults.h"
 #include "desktop/scripted/forms.h"
+#include "desktop/scripted/json.h"
 #include "desktop/scripted/resources.h"
 #include "desktop/scripted/script.h"
 #include "desktop/scripted/transcript.h"

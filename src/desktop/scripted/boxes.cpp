@@ -3,8 +3,8 @@
 #include <deque>
 #include <string>
 
-#include "desktop/scripted/encoding.h"
 #include "desktop/scripted/forms.h"
+#include "desktop/scripted/json.h"
 #include "desktop/scripted/transcript.h"
 
 namespace quillon {

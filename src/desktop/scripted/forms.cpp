@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "desktop/scripted/app.h"
-#include "desktop/scripted/encoding.h"
 #include "desktop/scripted/faults.h"
+#include "desktop/scripted/json.h"
 #include "desktop/scripted/resources.h"
 #include "desktop/scripted/transcript.h"
+#include "text/encoding.h"
 
 namespace quillon {
 

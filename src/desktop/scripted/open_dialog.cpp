@@ -4,8 +4,8 @@
 #include <deque>
 #include <utility>
 
-#include "desktop/scripted/encoding.h"
 #include "desktop/scripted/forms.h"
+#include "desktop/scripted/json.h"
 #include "desktop/scripted/paths.h"
 #include "desktop/scripted/transcript.h"
 
@@ -49,7 +49,9 @@ std::optional<std::string> openDialogAsk(const OpenDialog& dialog) {
     line += i > 0 ? ",[" : "[";
     line += jsonOfBytes(dialog.masks[i].name) + "," + jsonOfBytes(dialog.masks[i].pattern) + "]";
   }
-  line += "],\"selected\":" + std::to_string(dialog.selected) + ",\"answer\":";
+  line += "],\"selected\":" + std::to_string(dialog.selected);
+  if (!dialog.name.empty()) line += ",\"name\":" + jsonOfUtf8(withoutFolder(dialog.name));
+  line += ",\"answer\":";
   line += path ? jsonOfUtf8(withoutFolder(*answer)) : "null";
   transcriptWrite(line + "}}");
   return path;

@@ -4,7 +4,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "desktop/scripted/encoding.h"
+#include "text/encoding.h"
+#include "text/letters.h"
 
 namespace quillon {
 
@@ -23,14 +24,6 @@ static fs::path fromUtf8(std::string_view text) {
 static std::string toUtf8(const fs::path& path) {
   const std::u8string units = path.u8string();
   return std::string(units.begin(), units.end());
-}
-
-static char upperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-static std::string upperCased(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), upperCase);
-  return upper;
 }
 
 static std::string lastName(const std::string& path) {

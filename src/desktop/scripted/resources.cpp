@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-#include "desktop/scripted/encoding.h"
+#include "text/encoding.h"
+#include "text/letters.h"
 
 extern "C" const std::uint8_t quillonResourcesStart[];
 extern "C" const std::uint8_t quillonResourcesEnd[];
@@ -72,15 +73,7 @@ static NameOrNumber takeNameOrNumber(Reader& reader) {
   return {false, 0, takeText(reader)};
 }
 
-static char upperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-static bool sameName(std::string_view name, std::string_view other) {
-  if (name.size() != other.size()) return false;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    if (upperCase(name[i]) != upperCase(other[i])) return false;
-  }
-  return true;
-}
+static bool sameName(std::string_view name, std::string_view other) { return upperCased(name) == upperCased(other); }
 
 static bool isNamed(const NameOrNumber& found, std::string_view name) {
   return found.isNumber ? sameName("#" + std::to_string(found.number), name) : sameName(found.text, name);

@@ -13,13 +13,14 @@
 #include "desktop/scripted/app.h"
 #include "desktop/scripted/boxes.h"
 #include "desktop/scripted/clock.h"
-#include "desktop/scripted/encoding.h"
 #include "desktop/scripted/faults.h"
 #include "desktop/scripted/files.h"
 #include "desktop/scripted/forms.h"
+#include "desktop/scripted/json.h"
 #include "desktop/scripted/memory.h"
 #include "desktop/scripted/open_dialog.h"
 #include "desktop/scripted/transcript.h"
+#include "text/encoding.h"
 
 namespace quillon {
 

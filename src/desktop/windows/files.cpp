@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "desktop/windows/common.h"
+#include "text/letters.h"
 
 namespace quillon {
 
@@ -23,8 +24,7 @@ static FileStream* streamOf(HANDLE handle, bool isOutput) {
 // Windows takes a device's name for the device whatever extension follows it, and without regard to case.
 static bool isDeviceName(std::string_view path, std::string_view device) {
   const std::string_view base = path.substr(0, path.find('.'));
-  const auto sameLetter = [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b; };
-  return std::equal(base.begin(), base.end(), device.begin(), device.end(), sameLetter);
+  return upperCased(base) == device;
 }
 
 static FileStream* openExisting(const std::string& path, DWORD access) {

@@ -1,6 +1,7 @@
 // The standard open-file dialog.
 #include "desktop/open_dialog.h"
 
+#include <algorithm>
 #include <array>
 
 #include "desktop/windows/common.h"
@@ -43,6 +44,8 @@ std::optional<std::string> openDialogAsk(const OpenDialog& dialog) {
   const std::wstring title = wideFromAnsi(dialog.title);
   const std::wstring folder = wideFromUtf8(dialog.folder);
   std::array<wchar_t, pathSize> path = {};
+  const std::wstring name = wideFromUtf8(dialog.name);
+  if (name.size() < path.size()) std::copy(name.begin(), name.end(), path.begin());
 
   OPENFILENAMEW ask = {};
   ask.lStructSize = sizeof ask;

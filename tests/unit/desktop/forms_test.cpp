@@ -99,11 +99,11 @@ TEST(Forms, keyThatTheProgramDoesNotHaveIsRefused) {
 
 TEST(Forms, toolWhoseFormIsNotThereShowsTheFailureAndStaysChecked) {
   EXPECT_EQ(
-      effects("tool DELV"),
+      effects("tool PRNTQUOTELOG"),
       (Lines{
           R"({"box":{"title":null,"text":"Dialog Creation Failed","icon":"error","buttons":"ok","default":"ok","answer":"ok"}})",
-          R"({"tools":{"DELV":true}})"}));
-  EXPECT_EQ(effects("tool DELV\ntool DELV").size(), 1u) << "its handle stayed zero, so it is tried again";
+          R"({"tools":{"PRNTQUOTELOG":true}})"}));
+  EXPECT_EQ(effects("tool PRNTQUOTELOG\ntool PRNTQUOTELOG").size(), 1u) << "its handle stayed zero, so it is tried again";
 }
 
 TEST(Forms, formThatCannotBeCreatedLeavesNothingBehind) {
@@ -458,12 +458,13 @@ TEST(Boxes, choiceTakesTheNextAnswerOrItsDefault) {
 class OpenDialogs : public InFreshFolder {
  protected:
   // What the dialog gave, and the line about it.
-  std::string ask(const std::string& commands, std::string& line) {
+  std::string ask(const std::string& commands, std::string& line, const std::string& name = {}) {
     std::optional<std::string> path;
-    const Lines lines = effects("tool PRNTRPT\n" + commands + "press 1199", onPress(IDC_TRADES_LOAD, [&path](FormHandle form) {
-                                  const FileMask masks[] = {{"A (*.a)", "*.a"}, {"B", "*.b"}};
-                                  path = openDialogAsk({form, "LOAD", openDialogCurrentFolder() + "\\export", masks, 1});
-                                }));
+    const Lines lines =
+        effects("tool PRNTRPT\n" + commands + "press 1199", onPress(IDC_TRADES_LOAD, [&path, &name](FormHandle form) {
+                  const FileMask masks[] = {{"A (*.a)", "*.a"}, {"B", "*.b"}};
+                  path = openDialogAsk({form, "LOAD", openDialogCurrentFolder() + "\\export", masks, 1, name});
+                }));
     line = lines.empty() ? "" : lines.back();
     return path.value_or("(cancelled)");
   }
@@ -501,6 +502,15 @@ TEST_F(OpenDialogs, fileThatIsNotThereCountsAsCancel) {
   EXPECT_EQ(ask("choose export/none\n", line), "(cancelled)");
   EXPECT_EQ(line, head + "null}}");
   EXPECT_EQ(ask("choose export\n", line), "(cancelled)") << "a folder is no file";
+}
+
+TEST_F(OpenDialogs, fileToBeginWithIsNamedWithoutItsFolder) {
+  std::string line;
+  const std::string begun = R"-("selected":1,"name":"TR020109.B01","answer":)-";
+  EXPECT_EQ(ask("", line, (folder / "export/TR020109.B01").string()), "(cancelled)") << "what it begins with is no answer";
+  EXPECT_TRUE(line.ends_with(begun + "null}}")) << line;
+  EXPECT_EQ(ask("choose export/Tr010109.b01\n", line, "C:\\export\\TR020109.B01"), (folder / "export/Tr010109.b01").string());
+  EXPECT_TRUE(line.ends_with(begun + R"("Tr010109.b01"}})")) << line;
 }
 
 TEST_F(OpenDialogs, answersAreTakenInTheirOrder) {

@@ -219,9 +219,33 @@ TEST(LoadFile, everyRequestHasItsTitleAndMasks) {
   for (const RequestCase& row : requests) {
     EXPECT_EQ(row.request, row.number);
     const bool none = row.variant == LoadVariant::auctionBdaDetails || row.variant == LoadVariant::auctionRejectedEntitlements;
-    std::string path = "as it was";
+    std::string path;
     EXPECT_EQ(dialogOf(row.request, row.variant, path), lineOf(row, none ? 0 : 1)) << row.number;
-    EXPECT_EQ(path, "as it was");
+    EXPECT_EQ(path, "");
+  }
+}
+
+TEST(LoadFile, dialogBeginsWithTheCallersFileAndLeavesItOnCancel) {
+  for (const RequestCase& row : requests) {
+    std::string path = "export/TR010109.B01";
+    const std::string line = dialogOf(row.request, row.variant, path);
+    EXPECT_TRUE(line.ends_with(R"(,"name":"TR010109.B01","answer":null}})")) << line;
+    EXPECT_EQ(path, "export/TR010109.B01");
+  }
+}
+
+TEST(LoadFile, masksThatCannotBeLoadedAreToldAndLeaveThePath) {
+  for (const RequestCase& row : requests) {
+    fileSelection = {};
+    std::string path = "export/TR010109.B01";
+    const ScriptResult result = runForm("tool PRNTRPT\nfail string\npress 1015\n", [&](const FormEvent& event) {
+      if (event.kind == FormEventKind::press) loadFile(row.request, row.variant, event.form, path);
+    });
+    const std::string told = row.request == loadAdminLog ? "Load String Failed" : "LoadString Failed";
+    EXPECT_NE(result.transcript.find(R"({"box":{"title":null,"text":")" + told + R"(","icon":"error")"), std::string::npos);
+    EXPECT_EQ(result.transcript.find("{\"files\":"), std::string::npos) << row.number;
+    EXPECT_EQ(path, "export/TR010109.B01");
+    EXPECT_TRUE(fileSelection.fileChosen);
   }
 }
 
