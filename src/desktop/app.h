@@ -51,7 +51,7 @@ void appQuit(int status);  // the loop ends once the current message is handled
 // shows nothing more.
 void appEnd(int status);
 
-void appBeep(int kind);
+void appBeep(int times);
 void appWriteStdout(std::string_view text);
 
 }  // namespace quillon

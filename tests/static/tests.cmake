@@ -1,4 +1,7 @@
 # What is checked by reading the sources.
 add_test(NAME static.lint COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/lint.py)
 add_test(NAME static.checks COMMAND ${PROJECT_SOURCE_DIR}/tools/static_checks ${CMAKE_BINARY_DIR})
-set_tests_properties(static.lint static.checks PROPERTIES LABELS static TIMEOUT 900)
+add_test(NAME static.textsInTranscripts COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/texts_in_transcripts.py)
+add_test(NAME static.textsInTranscriptsItself COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_LIST_DIR}/texts_in_transcripts_test.py)
+set_tests_properties(static.lint static.checks static.textsInTranscripts static.textsInTranscriptsItself
+  PROPERTIES LABELS static TIMEOUT 900)

@@ -22,6 +22,7 @@ struct Button {
 
 static struct {
   AppHandler handler;
+  std::string title;
   std::vector<Button> toolbar;
   std::vector<AcceleratorKey> keys;
   bool otherCopy;
@@ -42,9 +43,10 @@ bool appRegisterClass(const AppWindow&) {
   return state.classRegistered;
 }
 
-bool appCreateWindow(const AppWindow&, const AppHandler& handler) {
+bool appCreateWindow(const AppWindow& window, const AppHandler& handler) {
   if (!state.classRegistered) return false;
   state.handler = handler;
+  state.title = window.title ? window.title : "";
   state.handler.created();
   return true;
 }
@@ -81,7 +83,7 @@ void appEnd(int status) {
   transcriptMute(true);
 }
 
-void appBeep(int kind) { transcriptWrite("{\"beep\":" + std::to_string(kind) + "}"); }
+void appBeep(int times) { transcriptWrite("{\"beep\":" + std::to_string(times) + "}"); }
 
 void appWriteStdout(std::string_view text) { transcriptWrite("{\"stdout\":" + jsonOfBytes(text) + "}"); }
 
@@ -145,6 +147,8 @@ std::size_t appToolPosition(std::string_view form) {
   while (position < state.toolbar.size() && form != state.toolbar[position].tool.form) ++position;
   return position;
 }
+
+std::string appTitle() { return state.title; }
 
 const char* appTooltip(int tool) { return state.handler.tooltip ? state.handler.tooltip(tool) : nullptr; }
 

@@ -17,6 +17,7 @@ void appCloseWindow();
 
 // The position of the tool's button on the toolbar; past all of them where there is none.
 std::size_t appToolPosition(std::string_view form);
+std::string appTitle();            // of the main window
 const char* appTooltip(int tool);  // null where the id has none
 void appNotify();                  // any other notification reaches the window
 

@@ -284,8 +284,8 @@ std::string formsTurnTo(std::string_view resource) {
   return std::string(resource) + " is not open";
 }
 
-std::string formsPress(int id) {
-  FormWindow* form = current();
+// Why the control cannot be pressed; empty where it was.
+static std::string press(FormWindow* form, int id, bool byKey) {
   if (std::string reason = reasonAgainst(form, id); !reason.empty()) return reason;
   Control& control = *find(form, id);
   switch (control.made.kind) {
@@ -302,9 +302,38 @@ std::string formsPress(int id) {
     default:
       return std::to_string(id) + " cannot be pressed";
   }
-  takeFocus(*form, control);
+  if (!byKey) takeFocus(*form, control);
   send(form, FormEventKind::press, id);
   return {};
+}
+
+std::string formsPress(int id) { return press(current(), id, false); }
+
+// The push button that has the focus, else the form's own; -1 where there is none, or where it cannot be worked.
+static int buttonOfEnter(const FormWindow& form) {
+  const auto isReady = [](const Control& control) {
+    return control.made.kind == ControlKind::pushButton && control.now.enabled && control.now.visible;
+  };
+  if (form.focus >= 0) {
+    const Control& focused = form.controls[static_cast<std::size_t>(form.focus)];
+    if (isReady(focused)) return focused.made.id;
+  }
+  const auto standard =
+      std::find_if(form.controls.begin(), form.controls.end(), [](const Control& control) { return control.made.standard; });
+  return standard != form.controls.end() && isReady(*standard) ? standard->made.id : -1;
+}
+
+std::string formsEnter() {
+  FormWindow* form = current();
+  if (!form) return "no form is open";
+  const int button = buttonOfEnter(*form);
+  return button < 0 ? std::string() : press(form, button, true);
+}
+
+std::string formsTyped(const ControlTemplate& edit, std::string_view text) {
+  std::string typed(upToNul(text));
+  if (edit.digitsOnly) std::erase_if(typed, [](char c) { return c < '0' || c > '9'; });
+  return typed;
 }
 
 std::string formsType(int id, std::string_view text) {
@@ -314,7 +343,7 @@ std::string formsType(int id, std::string_view text) {
   if (control.made.kind != ControlKind::edit) return std::to_string(id) + " is no edit";
   if (control.made.readOnly) return std::to_string(id) + " is read-only";
   takeFocus(*form, control);
-  control.now.text = upToNul(text);
+  control.now.text = formsTyped(control.made, text);
   send(form, FormEventKind::edit, id);
   return {};
 }
@@ -437,6 +466,8 @@ void formsWriteChanges() {
 }
 
 // ---- The end -----------------------------------------------------------------------------------------------------------
+
+std::string formsTitle(FormHandle form) { return live(form) ? form->title : std::string(); }
 
 std::size_t formsOpen() { return state.forms.size(); }
 

@@ -15,7 +15,8 @@ static constexpr std::uint16_t typeDialog = 5, typeString = 6, typeAccelerator =
 static constexpr std::uint32_t styleVisible = 0x10000000, styleDisabled = 0x08000000, styleGroup = 0x00020000,
                                styleTabStop = 0x00010000, styleSystemMenu = 0x00080000;
 static constexpr std::uint32_t dialogSetFont = 0x40;
-static constexpr std::uint32_t editMultiLine = 0x4, editReadOnly = 0x800;
+static constexpr std::uint32_t editMultiLine = 0x4, editReadOnly = 0x800, editNumber = 0x2000;
+static constexpr std::uint32_t buttonTypes = 0xF, buttonStandard = 0x1;
 static constexpr std::uint16_t atomMark = 0xFFFF;  // a number follows in place of a text
 
 namespace {
@@ -102,7 +103,7 @@ static ResourceBytes findResource(ResourceBytes bytes, std::uint16_t type, std::
 }
 
 static ControlKind buttonKind(std::uint32_t style, bool& automatic) {
-  switch (style & 0xF) {
+  switch (style & buttonTypes) {
     case 0x3:  // auto check box
     case 0x6:  // auto three-state
       automatic = true;
@@ -155,6 +156,8 @@ static ControlTemplate takeControl(Reader& reader, bool extended) {
   control.kind = kindOf(windowClass, style, control.automatic);
   control.readOnly = control.kind == ControlKind::edit && (style & editReadOnly);
   control.multiLine = control.kind == ControlKind::edit && (style & editMultiLine);
+  control.digitsOnly = control.kind == ControlKind::edit && (style & editNumber);
+  control.standard = control.kind == ControlKind::pushButton && (style & buttonTypes) == buttonStandard;
   control.visible = style & styleVisible;
   control.enabled = !(style & styleDisabled);
   control.group = style & styleGroup;

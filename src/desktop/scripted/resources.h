@@ -23,9 +23,11 @@ enum class ControlKind { pushButton, radioButton, checkBox, groupBox, label, edi
 struct ControlTemplate {
   int id;  // -1: it has none
   ControlKind kind;
-  bool automatic;  // a radio button or check box that changes its state by itself when pressed
-  bool readOnly;   // of an edit
-  bool multiLine;  // of an edit
+  bool automatic;   // a radio button or check box that changes its state by itself when pressed
+  bool readOnly;    // of an edit
+  bool multiLine;   // of an edit
+  bool digitsOnly;  // of an edit
+  bool standard;    // a push button that Enter presses, unless another one has the focus
   bool visible;
   bool enabled;
   bool group;  // begins a group, which reaches to the next control that begins one

@@ -19,6 +19,7 @@
 #include "desktop/scripted/json.h"
 #include "desktop/scripted/memory.h"
 #include "desktop/scripted/open_dialog.h"
+#include "desktop/scripted/trace.h"
 #include "desktop/scripted/transcript.h"
 #include "text/encoding.h"
 
@@ -208,6 +209,13 @@ static bool carryOutType(Argument argument) { return carryOutWithText(argument, 
 
 static bool carryOutPick(Argument argument) { return carryOutWithText(argument, formsPick); }
 
+static bool carryOutEnter(Argument argument) {
+  if (argument) return false;
+  writeCommand();
+  writeRefusal(formsEnter());
+  return true;
+}
+
 static bool carryOutClose(Argument argument) {
   if (argument) return false;
   writeCommand();
@@ -233,8 +241,8 @@ static constexpr Command commands[] = {
     {"clock", true, carryOutClock},   {"printer", true, carryOutPrinter}, {"choose", true, carryOutChoose},
     {"answer", true, carryOutAnswer}, {"fail", true, carryOutFail},       {"tool", false, carryOutTool},
     {"key", false, carryOutKey},      {"form", false, carryOutForm},      {"press", false, carryOutPress},
-    {"type", false, carryOutType},    {"pick", false, carryOutPick},      {"close", false, carryOutClose},
-    {"show", false, carryOutShow},    {"quit", false, carryOutQuit},
+    {"type", false, carryOutType},    {"pick", false, carryOutPick},      {"enter", false, carryOutEnter},
+    {"close", false, carryOutClose},  {"show", false, carryOutShow},      {"quit", false, carryOutQuit},
 };
 
 static const Command* commandNamed(std::string_view word) {
@@ -286,6 +294,7 @@ static void carryOutArrangements() {
 
 static void resetDesktop() {
   transcriptMute(true);
+  traceReset();
   formsReset();
   boxesReset();
   openDialogReset();

@@ -200,7 +200,9 @@ void appEnd(int status) {
   state.status = status;
 }
 
-void appBeep(int kind) { MessageBeep(static_cast<UINT>(kind)); }
+void appBeep(int times) {
+  for (int i = 0; i < times; ++i) MessageBeep(MB_OK);
+}
 
 void appWriteStdout(std::string_view text) {
   const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);

@@ -55,7 +55,8 @@ static bool isKind(HWND control, const wchar_t* windowClass) {
   return lstrcmpiW(name, windowClass) == 0;
 }
 
-// Escape and Enter arrive here as ids that no form has; they come without a control and do nothing.
+// Enter arrives here as the press of the focused or the default button. Where a form has none, it comes without a control and
+// does nothing; so does Escape.
 static void onCommand(FormWindow* form, int control, int code, HWND window) {
   if (!window) return;
   if (isKind(window, L"Button")) {

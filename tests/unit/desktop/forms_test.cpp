@@ -1,4 +1,6 @@
 // What a user does to a form, what the form hears of it, and what the transcript shows.
+#include "desktop/scripted/forms.h"
+
 #include <fstream>
 
 #include "desktop/app.h"
@@ -115,7 +117,7 @@ TEST(Forms, formThatCannotBeCreatedLeavesNothingBehind) {
 TEST(Forms, unknownToolIsRefused) { EXPECT_EQ(effects("tool NONE"), (Lines{R"({"refused":"there is no tool NONE"})"})); }
 
 TEST(Forms, actionWithoutAFormIsRefused) {
-  for (const char* command : {"press 1", "type 1 x", "pick 1 x", "close", "show"}) {
+  for (const char* command : {"press 1", "type 1 x", "pick 1 x", "enter", "close", "show"}) {
     EXPECT_EQ(effects(command), (Lines{R"({"refused":"no form is open"})"})) << command;
   }
   EXPECT_EQ(effects("form PRNTRPT"), (Lines{R"({"refused":"PRNTRPT is not open"})"}));
@@ -194,6 +196,46 @@ TEST(Forms, typingReplacesTheTextWithOneNotification) {
   EXPECT_EQ(effects("tool PRNTRPT\ntype 1057 x\ntype 1057"),
             (Lines{R"({"changed":{"form":"PRNTRPT","controls":{"1057":{"text":""}}}})"}));
   EXPECT_EQ(eventsOf("tool PRNTRPT\ntype 1057 OUT.TXT\n"), (Lines{"start", "edit 1057", "destroy"}));
+}
+
+TEST(Forms, editOfDigitsTakesNoOtherCharacter) {
+  ControlTemplate edit = {};
+  edit.kind = ControlKind::edit;
+  EXPECT_EQ(formsTyped(edit, "4x2"), "4x2");
+  edit.digitsOnly = true;
+  EXPECT_EQ(formsTyped(edit, "4x2"), "42");
+  EXPECT_EQ(formsTyped(edit, " -1.5\xB2"), "15");
+  EXPECT_EQ(formsTyped(edit, "abc"), "");
+  EXPECT_EQ(formsTyped(edit, "0123456789"), "0123456789");
+}
+
+TEST(Forms, enterPressesTheFocusedButtonElseTheDefaultOne) {
+  // Load File (1204) is the default button of Touchlines and has the focus at first; 1070 is an edit, 1065 a radio button.
+  EXPECT_EQ(eventsOf("tool PRNTTLINE\nenter\n"), (Lines{"start", "press 1204", "destroy"}));
+  EXPECT_EQ(eventsOf("tool PRNTTLINE\npress 1191\nenter\n"), (Lines{"start", "press 1191", "press 1191", "destroy"}));
+  EXPECT_EQ(eventsOf("tool PRNTTLINE\ntype 1070 5\nenter\n"), (Lines{"start", "edit 1070", "press 1204", "destroy"}));
+  EXPECT_EQ(eventsOf("tool PRNTTLINE\npress 1065\nenter\n"), (Lines{"start", "press 1065", "press 1204", "destroy"}));
+}
+
+TEST(Forms, enterLeavesTheFocusWhereItIs) {
+  EXPECT_EQ(effects("tool PRNTTLINE\ntype 1070 5\nenter"), Lines());
+  EXPECT_EQ(eventsOf("tool PRNTTLINE\ntype 1070 5\nenter\nenter\n"),
+            (Lines{"start", "edit 1070", "press 1204", "press 1204", "destroy"}));
+}
+
+TEST(Forms, enterDoesNothingWithoutAButtonThatCanBeWorked) {
+  EXPECT_EQ(eventsOf("tool PRNTRPT\ntype 1057 5\nenter\n"), (Lines{"start", "edit 1057", "destroy"})) << "no default button";
+  EXPECT_EQ(effects("tool PRNTRPT\ntype 1057 5\nenter"), Lines());
+  for (const bool hidden : {false, true}) {
+    const auto behaviour = onPress(1191, [hidden](FormHandle form) {
+      if (hidden)
+        formSetVisible(form, 1204, false);
+      else
+        formSetEnabled(form, 1204, false);
+    });
+    EXPECT_EQ(eventsOf("tool PRNTTLINE\npress 1191\ntype 1070 5\nenter\n", behaviour),
+              (Lines{"start", "press 1191", "edit 1070", "destroy"}));
+  }
 }
 
 TEST(Forms, typedTextIsWindows1252InsideTheProgram) {

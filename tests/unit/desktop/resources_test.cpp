@@ -77,7 +77,7 @@ static Bytes oldDialog() {
   Bytes dialog;
   u32(dialog, 0x00080040);  // a system menu, a font
   u32(dialog, 0);
-  u16(dialog, 3);
+  u16(dialog, 5);
   for (int i = 0; i < 4; ++i) u16(dialog, 0);
   u16(dialog, 0);          // no menu
   number(dialog, 0x8002);  // a window class by number
@@ -87,6 +87,8 @@ static Bytes oldDialog() {
   oldControl(dialog, visible | tabStop | 0x1, 100, 0x80, u"&Go");
   oldControl(dialog, visible | disabled | 0x800, 101, 0x81, u"\u20AC5");
   oldControl(dialog, group, 0xFFFF, 0x82, u"Label");
+  oldControl(dialog, visible | 0x2001, 102, 0x81, u"7");
+  oldControl(dialog, visible | 0x2000, 103, 0x80, u"Stop");
   return dialog;
 }
 
@@ -159,7 +161,7 @@ TEST(Resources, dialogOfTheOldFormIsRead) {
   ASSERT_TRUE(dialog);
   EXPECT_EQ(dialog->title, "OLD FORM");
   EXPECT_TRUE(dialog->closeable);
-  ASSERT_EQ(dialog->controls.size(), 3u);
+  ASSERT_EQ(dialog->controls.size(), 5u);
 
   const ControlTemplate& button = dialog->controls[0];
   EXPECT_EQ(button.id, 100);
@@ -167,6 +169,7 @@ TEST(Resources, dialogOfTheOldFormIsRead) {
   EXPECT_EQ(button.text, "&Go");
   EXPECT_TRUE(button.visible && button.enabled && button.tabStop);
   EXPECT_FALSE(button.group);
+  EXPECT_TRUE(button.standard);
 
   const ControlTemplate& edit = dialog->controls[1];
   EXPECT_EQ(edit.kind, ControlKind::edit);
@@ -176,12 +179,19 @@ TEST(Resources, dialogOfTheOldFormIsRead) {
   EXPECT_TRUE(edit.readOnly);
   EXPECT_FALSE(edit.multiLine);
   EXPECT_FALSE(edit.enabled);
+  EXPECT_FALSE(edit.digitsOnly);
 
   const ControlTemplate& label = dialog->controls[2];
   EXPECT_EQ(label.id, -1);
   EXPECT_EQ(label.kind, ControlKind::label);
   EXPECT_TRUE(label.group);
   EXPECT_FALSE(label.visible);
+
+  // The bits of one kind of control mean something else on another.
+  EXPECT_TRUE(dialog->controls[3].digitsOnly);
+  EXPECT_FALSE(dialog->controls[3].standard);
+  EXPECT_EQ(dialog->controls[4].kind, ControlKind::pushButton);
+  EXPECT_FALSE(dialog->controls[4].digitsOnly || dialog->controls[4].standard);
 }
 
 TEST(Resources, dialogOfTheExtendedFormIsRead) {

@@ -1,5 +1,5 @@
 // Small runs on the scripted desktop, with a form of the test's own behind the Trades resource (PRNTRPT) and the Net Position
-// resource (PRNTNP, which has lists).
+// resource (PRNTNP, which has lists) and the Touchlines resource (PRNTTLINE, which has a default button).
 #pragma once
 
 #include <gtest/gtest.h>
@@ -47,8 +47,15 @@ inline void netPositionTestEvent(const FormEvent& event) {
   if (event.kind == FormEventKind::destroy) toolFormGone(toolNetPosition);
 }
 
+inline void touchlinesTestEvent(const FormEvent& event) {
+  testFormEvent(event);
+  if (event.kind == FormEventKind::close) toolCommand(toolTouchlines);
+  if (event.kind == FormEventKind::destroy) toolFormGone(toolTouchlines);
+}
+
 inline int testProgram() {
-  static constexpr FormEntry forms[] = {{"PRNTRPT", tradesTestEvent}, {"PRNTNP", netPositionTestEvent}};
+  static constexpr FormEntry forms[] = {
+      {"PRNTRPT", tradesTestEvent}, {"PRNTNP", netPositionTestEvent}, {"PRNTTLINE", touchlinesTestEvent}};
   return frameRun(forms);
 }
 
