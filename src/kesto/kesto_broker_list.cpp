@@ -10,8 +10,8 @@ namespace quillon {
 
 static void printCellRule(Output& out) {
   print<"%1c%2s%1c%7s%1c%7s%1c%8s%1c%11s%1c%5s%1c%11s%1c%6s%1c">(
-      out, '|', ruleOf(2), '|', ruleOf(7), '|', ruleOf(7), '|', ruleOf(8), '|', ruleOf(11), '|', ruleOf(5), '|', ruleOf(11), '|',
-      ruleOf(6), '|');
+      out, '|', ruleOf(2), '|', ruleOf(7), '|', ruleOf(7), '|', ruleOf(8), '|', ruleOf(11), '|', ruleOf(5), '|', ruleOf(11),
+      '|', ruleOf(6), '|');
   print<"%7s%1c%7s%1c%8s%1c%7s%1c%3s%1c%8s%1c%14s%1c\n">(
       out, ruleOf(7), '|', ruleOf(7), '|', ruleOf(8), '|', ruleOf(7), '|', ruleOf(3), '|', ruleOf(8), '|', ruleOf(14), '|');
 }

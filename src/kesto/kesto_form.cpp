@@ -26,6 +26,8 @@
 #include "kesto/kesto_trades_list.h"
 #include "market/file_name.h"
 #include "resource.h"
+#include "text/encoding.h"
+#include "text/letters.h"
 #include "text/print.h"
 #include "text/record_order.h"
 #include "trades/trade_file.h"
@@ -155,8 +157,8 @@ struct KindRun {
 // One item of the list: its words, and what can be used while it is chosen.
 struct Kind {
   int code;
-  const char *item, *title, *loadedTitle;
-  std::string_view namePieces[3];  // one of them must stand in the file's name; all empty: any name does
+  const char *item, *title, *loadedTitle;  // the last goes ahead of the file's name
+  std::string_view namePieces[3];          // one of them must stand in the file's name; all empty: any name does
   const char* badNameReply;
   std::span<const int> sorts;
   int defaultSort;
@@ -182,37 +184,38 @@ static bool printLimits(FormHandle form, const Options& options);
 // clang-format off
 // In the order of the list.
 static constexpr Kind kinds[] = {
-    {.code = loadKestoTrades, .item = "Trades Printing", .title = "KESTO TRADES PRINTING", .loadedTitle = "KESTO TRADES PRINTING",
+    {.code = loadKestoTrades, .item = "Trades Printing", .title = "KESTO TRADES PRINTING",
+     .loadedTitle = "KESTO TRADES PRINTING          ",
      .namePieces = {}, .badNameReply = nullptr, .sorts = tradesSorts, .defaultSort = IDC_KESTO_SORT_TIME,
      .netPosition = true, .destination = true, .brokerNo = false, .conversion = false, .lines = "50",
      .run = {InputKind::binary, printTrades,
              "Trades Printing Completed !!", " TRADES PRINTING COMPLETED", "KESTO TRADES PRINTING"}},
     {.code = loadKestoTouchlines, .item = "TouchLines Printing", .title = "KESTO TOUCHLINES PRINTING",
-     .loadedTitle = "KESTO TOUCHLINE PRINTING",
+     .loadedTitle = "KESTO TOUCHLINE PRINTING          ",
      .namePieces = {".VQT"}, .badNameReply = "File name not valid. Enter *.vqt", .sorts = touchlinesSorts,
      .defaultSort = IDC_KESTO_SORT_SCRIP_CODE,
      .netPosition = false, .destination = true, .brokerNo = false, .conversion = false, .lines = "50",
      .run = {InputKind::text, printTouchlines,
              "TouchLine Printing Completed !!", " TOUCHLINE PRINTING COMPLETED", "KESTO TOUCHLINE PRINTING"}},
-    {.code = loadKestoConvert, .item = "Convert", .title = "KESTO CONVERT", .loadedTitle = "KESTO CONVERT",
+    {.code = loadKestoConvert, .item = "Convert", .title = "KESTO CONVERT", .loadedTitle = "KESTO CONVERT          ",
      .namePieces = {}, .badNameReply = nullptr, .sorts = {}, .defaultSort = 0,
      .netPosition = false, .destination = false, .brokerNo = false, .conversion = true, .lines = "",
      .run = {InputKind::binary, convertFile, "Conversion Completed !!", " CONVERSION COMPLETED", "KESTO CONVERT"}},
     {.code = loadKestoBrokerQuery, .item = "Broker Query Printing", .title = "KESTO BROKER QUERY PRINTING",
-     .loadedTitle = "KESTO BROKER QUERY PRINTING",
+     .loadedTitle = "KESTO BROKER QUERY PRINTING          ",
      .namePieces = {".BIN"}, .badNameReply = "File name not valid. Enter *.bin", .sorts = sortOptions,
      .defaultSort = IDC_KESTO_SORT_TIME,
      .netPosition = true, .destination = true, .brokerNo = false, .conversion = false, .lines = "50",
      .run = {InputKind::binary, printBrokerQuery,
              "Broker Query Printing Completed !!", " BROKER QUERY PRINTING COMPLETED", "KESTO BROKER QUERY PRINTING"}},
     {.code = loadKestoBreakup, .item = "BreakUp Data Printing", .title = "KESTO (R) BREAKUP DATA PRINTING",
-     .loadedTitle = "KESTO (R) BREAKUP DATA PRINTING",
+     .loadedTitle = "KESTO (R) BREAKUP DATA PRINTING          ",
      .namePieces = {".DAT"}, .badNameReply = "File name not valid. Enter *.dat", .sorts = {}, .defaultSort = 0,
      .netPosition = false, .destination = true, .brokerNo = true, .conversion = false, .lines = "3",
      .run = {InputKind::text, printBreakup,
              "Breakup Data Printing Completed !!", " BREAKUP DATA PRINTING COMPLETED", "KESTO (R) BREAKUP DATA PRINTING"}},
     {.code = loadKestoTraderLimits, .item = "Traders Limit Printing", .title = "KESTO TRADERS LIMIT PRINTING",
-     .loadedTitle = "KESTO TRADER LIMITS PRINTING",
+     .loadedTitle = "KESTO TRADER LIMITS PRINTING          ",
      .namePieces = {".TRD", ".TSL", ".STRD"}, .badNameReply = "File name not valid. Enter *.trd or *.tsl",
      .sorts = {}, .defaultSort = 0,
      .netPosition = false, .destination = true, .brokerNo = false, .conversion = false, .lines = "50",
@@ -281,14 +284,6 @@ static void onKind(FormHandle form, int control) {
   applyRule(form, selectedKind(form));
 }
 
-// A file's title is UTF-8; its letters beyond the plain ones stay as they are.
-static std::string upperCased(std::string text) {
-  for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return text;
-}
-
 // What cannot be opened or has no header is taken for trades: Convert will tell what is wrong with it.
 static bool holdsBrokerQuery() {
   Input* input = inputOpen(state.inputPath, InputKind::binary);
@@ -301,7 +296,7 @@ static bool holdsBrokerQuery() {
 
 static void proposeOutputName(FormHandle form) {
   if (state.inputPath.empty()) return showReply(form, IDC_KESTO_REPLY, nameNotProposedReply);
-  formSetText(form, IDC_KESTO_OUTFILE, kestoConvertedName(fileSelection.fileTitle, holdsBrokerQuery()));
+  formSetText(form, IDC_KESTO_OUTFILE, kestoConvertedName(bytesFromUtf8(fileSelection.fileTitle), holdsBrokerQuery()));
 }
 
 static void onLoad(FormHandle form) {
@@ -317,7 +312,7 @@ static void onLoad(FormHandle form) {
     return;
   }
   formSetEnabled(form, IDC_KESTO_PRINT, true);
-  formSetTitle(form, upperCased(kind.loadedTitle + std::string(10, ' ') + fileSelection.fileTitle));
+  formSetTitle(form, upperCased(kind.loadedTitle + fileSelection.fileTitle));
   formRaise(form);
   if (!kind.conversion) return formSetFocus(form, IDC_KESTO_PRINT);
   formSetFocus(form, IDC_KESTO_CONVERT);
@@ -422,7 +417,7 @@ static bool countRecords(FormHandle form) {
 }
 
 static bool confirm(FormHandle form) {
-  const std::string title = formatText<"%s Information">(fileSelection.fileTitle);
+  const std::string title = formatText<"%s Information">(bytesFromUtf8(fileSelection.fileTitle));
   const std::string text = kestoHeaderText(state.header, state.content, state.count);
   if (boxAsk(form, title.c_str(), text, BoxIcon::question, BoxChoice::yes) == BoxChoice::yes) return true;
   const bool conversion = selectedKind(form).conversion;

@@ -19,8 +19,8 @@ static std::int32_t shownTrnId(const KestoTradeRec& trade) {
 
 static void printLeftCells(Output& out) {
   print<"%1c%7s%1c%7s%1c%8s%1c%11s%1c%10s%1c%11s%1c%6s%1c%4s%1c">(
-      out, '|', ruleOf(7), '|', ruleOf(7), '|', ruleOf(8), '|', ruleOf(11), '|', ruleOf(10), '|', ruleOf(11), '|', ruleOf(6), '|',
-      ruleOf(4), '|');
+      out, '|', ruleOf(7), '|', ruleOf(7), '|', ruleOf(8), '|', ruleOf(11), '|', ruleOf(10), '|', ruleOf(11), '|', ruleOf(6),
+      '|', ruleOf(4), '|');
 }
 
 static void printColumnHeads(Output& out) {
