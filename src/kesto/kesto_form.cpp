@@ -566,8 +566,10 @@ static bool writeLimits(FormHandle form, const Options& options, KestoLimits& fi
     case KestoLimitsLoad::otherTitle:
       return true;  // nothing is printed, and that is complete
     case KestoLimitsLoad::noHeader:
-      (void)tell(form, noLimitsHeaderReply);
-      return true;  // so is this, though it is told
+      if (inputPieceFailed(*state.input)) return tell(form, noLimitsHeaderReply);
+      // Of an empty file it is said as well, and then it is complete like the one before.
+      showReply(form, IDC_KESTO_REPLY, noLimitsHeaderReply);
+      return true;
     case KestoLimitsLoad::zeroRecords:
       return tell(form, zeroLimitsReply);
     case KestoLimitsLoad::noMemory:
