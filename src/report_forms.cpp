@@ -7,6 +7,7 @@
 #include "market/sixa_sevena_form.h"
 #include "logs/order_log_form.h"
 #include "logs/quote_log_form.h"
+#include "kesto/kesto_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
 #include "position/kesto_net_position_form.h"
@@ -30,6 +31,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTORDLOG", orderLogFormEvent},
     {"PRNTQUOTELOG", quoteLogFormEvent},
     {"PRNTNETPOS", kestoNetPositionFormEvent},
+    {"PRNTVQLS", kestoFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }
