@@ -441,6 +441,8 @@ def makeAdminLogFiles(folder):
 
     make("Ad010109.adl", "01/01/2009", adminTraders(41, 12), adminScrips(42, 30), adminGroups(43, 8), adminActivities(44, 10))
     make("SAd250509.adl", "25/05/2009", adminTraders(45, 6), adminScrips(46, 9), [], adminActivities(47, 4))
+
+
 def breakups(seed, count):
     """One line a scrip: figures of four client types, their totals, the net position and the gross figures."""
     chance = Chance(seed)
@@ -464,7 +466,10 @@ def kestoBreakups(seed, count):
         groups = [delimited(kind + 2, *block) for kind, block in enumerate(blocks)]
         last = delimited(lm + lf, lm, bm + bf, bm, lf, bf, lm + lf - bm - bf, 0, lm + lf, bm + bf)
         found.append(delimited(code) + "\t\t\t\t\t\t     ".join(groups + [last]))
-def kestoBreakups(seed, count):
+    return found
+
+
+def kestoDayBreakups(seed, count):
     """One line a scrip: five days with two client types each, then the totals of the scrip."""
     chance = Chance(seed)
     found = []
@@ -612,8 +617,11 @@ def makeOrderAndQuoteLogs(folder):
     make("BO250509.BIN", "L", "25/05/2009", consolidatedOrders(46, "25/05/2009", 60, 200905250000000))
     make("SBO250509.BIN", "L", "25/05/2009", consolidatedOrders(47, "25/05/2009", 30, 7000000, sides="BL"))
     make("QO250509.LOG", "Q", "25/05/2009", quotes(48, 30))
+
+
+def makeKestoBreakupFiles(folder):
     for name, seed, count in (("KB010109.DAT", 41, 8), ("SKB250509.DAT", 42, 4)):
-        write(os.path.join(folder, name), lines(*kestoBreakups(seed, count)))
+        write(os.path.join(folder, name), lines(*kestoDayBreakups(seed, count)))
 
 
 if __name__ == "__main__":
@@ -627,4 +635,4 @@ if __name__ == "__main__":
     makeBreakupFiles(folder)
     make6A7AFiles(folder)
     makeOrderAndQuoteLogs(folder)
-    makeBreakupFiles(folder)
+    makeKestoBreakupFiles(folder)
