@@ -59,26 +59,6 @@ def seam_refusals():
                 yield f"src/desktop/{header.name}: no {side}/{header.stem}.cpp: a reader must find both sides by the header's name"
 
 
-def type_refusals():
-    """Two types of one name: the compiler never sees both, and the linker keeps one's inline functions for the two."""
-    defined = {}
-    for path in SOURCES:
-        if path.relative_to(ROOT).parts[1:3] == ("desktop", "windows"):
-            continue  # never in one program with desktop/scripted
-        unnamed = False
-        for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
-            if line == "namespace {":
-                unnamed = True
-            elif line == "}  // namespace":
-                unnamed = False
-            match = re.match(r"(?:struct|enum class) (\w+)(?: : [\w:]+)? \{", line)
-            if match and not unnamed:
-                defined.setdefault(match.group(1), []).append(f"{path.relative_to(ROOT)}:{number}")
-    for name, places in sorted(defined.items()):
-        if len(places) > 1:
-            yield f"{places[1]}: {name} is a type of {places[0]} too: what is inline over the one would be used for the other"
-
-
-found = list(refusals()) + list(seam_refusals()) + list(type_refusals())
+found = list(refusals()) + list(seam_refusals())
 print("\n".join(found) if found else f"lint: {len(SOURCES)} files, nothing to say")
 sys.exit(1 if found else 0)

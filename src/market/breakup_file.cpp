@@ -33,7 +33,7 @@ static void scanLine(std::string_view line, NormalBreakup& r) {
   // clang-format on
 }
 
-static void scanLine(std::string_view line, KestoClientBreakup& r) {
+static void scanLine(std::string_view line, KestoBreakup& r) {
   auto& [c1, c2] = r.clients;
   // clang-format off
   scan<"%Fld|%Fhd|%Fld|%Fld|%Fld|%Fld|\t\t\t\t\t\t     %Fhd|%Fld|%Fld|%Fld|%Fld|\t\t\t\t\t\t     %Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|%Fld|">(line,
@@ -62,8 +62,6 @@ static bool readBreakups(Input& input, Record* records, std::size_t count) {
 
 bool readNormalBreakups(Input& input, NormalBreakup* records, std::size_t count) { return readBreakups(input, records, count); }
 
-bool readKestoBreakups(Input& input, KestoClientBreakup* records, std::size_t count) {
-  return readBreakups(input, records, count);
-}
+bool readKestoBreakups(Input& input, KestoBreakup* records, std::size_t count) { return readBreakups(input, records, count); }
 
 }  // namespace quillon

@@ -46,7 +46,7 @@ struct KestoClientBlock {
   std::int32_t f4;          // L.F.
 };
 
-struct KestoClientBreakup {
+struct KestoBreakup {
   std::int32_t scripCode;
   KestoClientBlock clients[2];
   std::int32_t totalGP;
@@ -92,19 +92,19 @@ static_assert(offsetof(KestoClientBlock, f2) == 8);
 static_assert(offsetof(KestoClientBlock, f3) == 12);
 static_assert(offsetof(KestoClientBlock, f4) == 16);
 
-static_assert(sizeof(KestoClientBreakup) == 84);
-static_assert(offsetof(KestoClientBreakup, scripCode) == 0);
-static_assert(offsetof(KestoClientBreakup, clients) == 4);
-static_assert(offsetof(KestoClientBreakup, totalGP) == 44);
-static_assert(offsetof(KestoClientBreakup, totalLM) == 48);
-static_assert(offsetof(KestoClientBreakup, totalGS) == 52);
-static_assert(offsetof(KestoClientBreakup, totalBM) == 56);
-static_assert(offsetof(KestoClientBreakup, totalLF) == 60);
-static_assert(offsetof(KestoClientBreakup, totalBF) == 64);
-static_assert(offsetof(KestoClientBreakup, netPosition) == 68);
-static_assert(offsetof(KestoClientBreakup, spare) == 72);
-static_assert(offsetof(KestoClientBreakup, grossLend) == 76);
-static_assert(offsetof(KestoClientBreakup, grossBorrow) == 80);
+static_assert(sizeof(KestoBreakup) == 84);
+static_assert(offsetof(KestoBreakup, scripCode) == 0);
+static_assert(offsetof(KestoBreakup, clients) == 4);
+static_assert(offsetof(KestoBreakup, totalGP) == 44);
+static_assert(offsetof(KestoBreakup, totalLM) == 48);
+static_assert(offsetof(KestoBreakup, totalGS) == 52);
+static_assert(offsetof(KestoBreakup, totalBM) == 56);
+static_assert(offsetof(KestoBreakup, totalLF) == 60);
+static_assert(offsetof(KestoBreakup, totalBF) == 64);
+static_assert(offsetof(KestoBreakup, netPosition) == 68);
+static_assert(offsetof(KestoBreakup, spare) == 72);
+static_assert(offsetof(KestoBreakup, grossLend) == 76);
+static_assert(offsetof(KestoBreakup, grossBorrow) == 80);
 
 // What one pass over the file found.
 struct BreakupCount {
@@ -119,6 +119,6 @@ BreakupCount countBreakups(Input& input);
 // or no number stay zero, and so do records that the file no longer holds; what it holds beyond them is not read. False when a
 // read failed on the way; its record stays zero and the rest is loaded.
 [[nodiscard]] bool readNormalBreakups(Input& input, NormalBreakup* records, std::size_t count);
-[[nodiscard]] bool readKestoBreakups(Input& input, KestoClientBreakup* records, std::size_t count);
+[[nodiscard]] bool readKestoBreakups(Input& input, KestoBreakup* records, std::size_t count);
 
 }  // namespace quillon

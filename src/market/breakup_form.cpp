@@ -203,7 +203,7 @@ static void rewindInput(FormHandle form) {
 
 // Without the check box the file's order stands.
 static RecordOrder sortRecords(FormHandle form, const Options& options, const Records& records) {
-  static_assert(offsetof(NormalBreakup, scripCode) == offsetof(KestoClientBreakup, scripCode));
+  static_assert(offsetof(NormalBreakup, scripCode) == offsetof(KestoBreakup, scripCode));
   const RecordKey byCode = {KeyKind::number, offsetof(NormalBreakup, scripCode), 4};
   RecordOrder order = options.sorted ? orderOfRecords(records, {byCode}) : orderOfRecords(records, {});
   if (!order) (void)refuseForMemory(form, options);
@@ -228,11 +228,11 @@ static bool printNormal(FormHandle form, const Options& options) {
 
 static bool printKesto(FormHandle form, const Options& options) {
   std::size_t count = 0;
-  if (!countRecords(form, count) || !takeBlock(form, options, sizeof(KestoClientBreakup), count)) return false;
-  auto* const records = static_cast<KestoClientBreakup*>(state.block);
+  if (!countRecords(form, count) || !takeBlock(form, options, sizeof(KestoBreakup), count)) return false;
+  auto* const records = static_cast<KestoBreakup*>(state.block);
   rewindInput(form);
   if (!readKestoBreakups(*state.input, records, count)) (void)refuse(form, readFailedText);
-  const RecordOrder order = sortRecords(form, options, {records, sizeof(KestoClientBreakup), count});
+  const RecordOrder order = sortRecords(form, options, {records, sizeof(KestoBreakup), count});
   if (!order) return false;
   writeKestoBreakups(*state.output, records, order.positions(), reportOptions(options));
   return true;

@@ -126,7 +126,7 @@ static void kestoHeading(Output& out, const BreakupOptions& options, int page) {
   kestoRule(out);
 }
 
-static void kestoFirstLine(Output& out, const KestoClientBreakup& r) {
+static void kestoFirstLine(Output& out, const KestoBreakup& r) {
   print<"|%7ld|%6s|%6s|%6s|%6s|%6s|%7ld|%7ld|%7ld|%7ld|%7ld|%7ld|%7ld|%9ld|%9ld|\n">(out,
       r.scripCode, " ", " ", " ", " ", " ",
       r.totalGP, r.totalLM, r.totalGS, r.totalBM, r.totalLF, r.totalBF, r.netPosition, r.grossLend, r.grossBorrow);
@@ -141,13 +141,13 @@ static void kestoClientLine(Output& out, const KestoClientBlock& c) {
 
 // clang-format on
 
-static void kestoRecord(Output& out, const KestoClientBreakup& record) {
+static void kestoRecord(Output& out, const KestoBreakup& record) {
   kestoFirstLine(out, record);
   for (const KestoClientBlock& client : record.clients) kestoClientLine(out, client);
   kestoRule(out);
 }
 
-void writeKestoBreakups(Output& out, const KestoClientBreakup* records, std::span<const std::uint32_t> order,
+void writeKestoBreakups(Output& out, const KestoBreakup* records, std::span<const std::uint32_t> order,
                         const BreakupOptions& options) {
   Page page = {1, 1};
   kestoHeading(out, options, page.number);

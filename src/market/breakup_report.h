@@ -21,7 +21,7 @@ struct BreakupOptions {
 // Writes the whole report, page numbers from 1. `order` holds positions in `records`; each is printed.
 void writeNormalBreakups(Output& out, const NormalBreakup* records, std::span<const std::uint32_t> order,
                          const BreakupOptions& options);
-void writeKestoBreakups(Output& out, const KestoClientBreakup* records, std::span<const std::uint32_t> order,
+void writeKestoBreakups(Output& out, const KestoBreakup* records, std::span<const std::uint32_t> order,
                         const BreakupOptions& options);
 
 }  // namespace quillon

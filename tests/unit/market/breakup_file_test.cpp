@@ -35,7 +35,7 @@ NormalFile readNormal(const std::string& bytes) {
 
 struct KestoFile {
   BreakupCount count = {};
-  std::vector<KestoClientBreakup> records;
+  std::vector<KestoBreakup> records;
 };
 
 KestoFile readKesto(const std::string& bytes) {
@@ -68,7 +68,7 @@ std::vector<std::int32_t> figuresOf(const NormalBreakup& r) {
   return figures;
 }
 
-std::vector<std::int32_t> figuresOf(const KestoClientBreakup& r) {
+std::vector<std::int32_t> figuresOf(const KestoBreakup& r) {
   std::vector<std::int32_t> figures = {r.scripCode};
   for (const KestoClientBlock& c : r.clients) figures.insert(figures.end(), {c.clientType, c.f1, c.f2, c.f3, c.f4});
   figures.insert(figures.end(), {r.totalGP, r.totalLM, r.totalGS, r.totalBM, r.totalLF, r.totalBF, r.netPosition, r.spare,
@@ -172,7 +172,7 @@ TEST(BreakupFile, aFileThatGrewSinceItWasCountedFillsNoMoreThanTheBlock) {
   std::vector<NormalBreakup> normal(3);
   EXPECT_TRUE(readNormalBreakups(file.open(), normal.data(), 2));
   EXPECT_EQ(codesOf(normal), (std::vector<std::int32_t>{1, 2, 0}));
-  std::vector<KestoClientBreakup> kesto(3);
+  std::vector<KestoBreakup> kesto(3);
   EXPECT_TRUE(readKestoBreakups(file.open(), kesto.data(), 2));
   EXPECT_EQ(codesOf(kesto), (std::vector<std::int32_t>{1, 2, 0}));
 }
@@ -190,7 +190,7 @@ TEST(BreakupFile, aReadThatFailsLeavesItsRecordZeroAndTheRestIsRead) {
   faultsArm(Fault::read, 2, false);
   EXPECT_FALSE(readNormalBreakups(file.open(), normal.data(), 3));
   EXPECT_EQ(codesOf(normal), (std::vector<std::int32_t>{1, 0, 3}));
-  std::vector<KestoClientBreakup> kesto(4);
+  std::vector<KestoBreakup> kesto(4);
   faultsArm(Fault::read, 4, false);  // the read that would find the end
   EXPECT_FALSE(readKestoBreakups(file.open(), kesto.data(), 4));
   EXPECT_EQ(codesOf(kesto), (std::vector<std::int32_t>{1, 2, 3, 0}));

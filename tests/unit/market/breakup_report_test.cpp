@@ -138,7 +138,7 @@ const std::vector<NormalBreakup> normalNarrow = {
      0},
 };
 
-const std::vector<KestoClientBreakup> kestoOrdinary = {
+const std::vector<KestoBreakup> kestoOrdinary = {
     {500101,
      {{1, 10001, 20002, 30003, 40004}, {2, 11001, 21002, 31003, 41004}},
      1000001,
@@ -166,7 +166,7 @@ const std::vector<KestoClientBreakup> kestoOrdinary = {
     {532999, {{0, 0, 0, 0, 0}, {3, 98765, 87654, 76543, 65432}}, 0, 98765, 0, 87654, 65432, 76543, 11111, 0, 164197, 164197},
 };
 
-const std::vector<KestoClientBreakup> kestoWide = {
+const std::vector<KestoBreakup> kestoWide = {
     {12345678,
      {{1, 1234567, 2345678, 3456789, 4567890}, {2, -1234567, -2345678, -3456789, -4567890}},
      12345678,
@@ -193,7 +193,7 @@ const std::vector<KestoClientBreakup> kestoWide = {
      -2147483647 - 1},
 };
 
-const std::vector<KestoClientBreakup> kestoNarrow = {
+const std::vector<KestoBreakup> kestoNarrow = {
     {7, {{1, 1, 22, 333, 4}, {2, -5, -66, -777, -8}}, 1, 22, 333, 4, 55, 666, -7, 8, 99, 111},
     {42, {{3, 101, 202, 303, 404}, {9, 5, 6, 7, 8}}, -1, -22, -333, -4, -55, -666, 7, -8, -99, -111},
     {0, {{0, 0, 0, 0, 0}, {0, 0, 0, 0, 0}}, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
@@ -213,7 +213,7 @@ std::string normalReport(const std::vector<NormalBreakup>& records, const Breaku
   return text;
 }
 
-std::string kestoReport(const std::vector<KestoClientBreakup>& records, const BreakupOptions& options) {
+std::string kestoReport(const std::vector<KestoBreakup>& records, const BreakupOptions& options) {
   std::string text;
   Output* out = outputToMemory(&text);
   writeKestoBreakups(*out, records.data(), inFileOrder(records.size()), options);
@@ -260,8 +260,8 @@ TEST(BreakupReport, sixRecordsAreOnePageAndSevenAreTwo) {
   const BreakupOptions six = {6, false, "25/05/2009", "123"};
   EXPECT_EQ(pagesOf(normalReport(std::vector<NormalBreakup>(6, normalOrdinary[0]), six)), 1);
   EXPECT_EQ(pagesOf(normalReport(std::vector<NormalBreakup>(7, normalOrdinary[0]), six)), 2);
-  EXPECT_EQ(pagesOf(kestoReport(std::vector<KestoClientBreakup>(6, kestoOrdinary[0]), six)), 1);
-  EXPECT_EQ(pagesOf(kestoReport(std::vector<KestoClientBreakup>(7, kestoOrdinary[0]), six)), 2);
+  EXPECT_EQ(pagesOf(kestoReport(std::vector<KestoBreakup>(6, kestoOrdinary[0]), six)), 1);
+  EXPECT_EQ(pagesOf(kestoReport(std::vector<KestoBreakup>(7, kestoOrdinary[0]), six)), 2);
 }
 
 TEST(BreakupReport, anEmptyBrokerNumberLeavesItsCellBlank) {
