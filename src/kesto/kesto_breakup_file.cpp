@@ -19,15 +19,15 @@ namespace {
 constexpr std::size_t placeOf(std::size_t offset) { return offset / sizeof(std::int32_t); }
 
 constexpr bool isPlaceInDay(std::size_t place, std::size_t offsetInDay) {
-  constexpr std::size_t begin = placeOf(offsetof(KestoBreakup, days));
+  constexpr std::size_t begin = placeOf(offsetof(FiveDayBreakup, days));
   constexpr std::size_t size = placeOf(sizeof(KestoBreakupDay));
   return place >= begin && place < begin + kestoBreakupDays * size && (place - begin) % size == placeOf(offsetInDay);
 }
 
 constexpr bool has16Bits(std::size_t place) {
   return isPlaceInDay(place, offsetof(KestoBreakupDay, day)) || isPlaceInDay(place, offsetof(KestoBreakupDay, borrowMarket1)) ||
-         isPlaceInDay(place, offsetof(KestoBreakupDay, borrowMarket2)) || place == placeOf(offsetof(KestoBreakup, totalGP)) ||
-         place == placeOf(offsetof(KestoBreakup, totalLF));
+         isPlaceInDay(place, offsetof(KestoBreakupDay, borrowMarket2)) || place == placeOf(offsetof(FiveDayBreakup, totalGP)) ||
+         place == placeOf(offsetof(FiveDayBreakup, totalLF));
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ static std::int32_t storedNumber(std::size_t place, std::int64_t number) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
 }
 
-static void readRecord(std::string_view line, KestoBreakup& record) {
+static void readRecord(std::string_view line, FiveDayBreakup& record) {
   std::int32_t numbers[kestoBreakupNumbers] = {};
   for (std::size_t place = 0; place < kestoBreakupNumbers; ++place) {
     std::int64_t number = 0;
@@ -59,13 +59,13 @@ static std::size_t countLines(Input& input) {
   return lines;
 }
 
-static bool takeBlock(KestoBreakups& file, std::size_t count) {
-  file.records = static_cast<KestoBreakup*>(memoryTake((count + 1) * sizeof(KestoBreakup)));
+static bool takeBlock(FiveDayBreakups& file, std::size_t count) {
+  file.records = static_cast<FiveDayBreakup*>(memoryTake((count + 1) * sizeof(FiveDayBreakup)));
   file.count = file.records ? count : 0;
   return file.records != nullptr;
 }
 
-static bool readRecords(Input& input, KestoBreakups& file) {
+static bool readRecords(Input& input, FiveDayBreakups& file) {
   char text[lineLimit];
   std::size_t length = 0;
   for (std::size_t i = 0; i < file.count; ++i) {
@@ -75,7 +75,7 @@ static bool readRecords(Input& input, KestoBreakups& file) {
   return true;
 }
 
-KestoBreakupLoad loadKestoBreakups(Input& input, KestoBreakups& file) {
+KestoBreakupLoad loadFiveDayBreakups(Input& input, FiveDayBreakups& file) {
   const std::size_t count = countLines(input);
   // What was not counted could not be printed, and nobody would see that it is missing.
   if (inputPieceFailed(input)) return KestoBreakupLoad::notRead;
@@ -85,14 +85,14 @@ KestoBreakupLoad loadKestoBreakups(Input& input, KestoBreakups& file) {
   return readRecords(input, file) ? KestoBreakupLoad::loaded : KestoBreakupLoad::notRead;
 }
 
-void freeKestoBreakups(KestoBreakups& file) {
+void freeFiveDayBreakups(FiveDayBreakups& file) {
   memoryFree(file.records);
   file = {};
 }
 
-RecordOrder orderKestoBreakups(const KestoBreakups& file) {
-  const RecordKey byScripCode = {KeyKind::number, offsetof(KestoBreakup, scripCode), 0};
-  return orderOfRecords({file.records, sizeof(KestoBreakup), file.count}, {byScripCode});
+RecordOrder orderFiveDayBreakups(const FiveDayBreakups& file) {
+  const RecordKey byScripCode = {KeyKind::number, offsetof(FiveDayBreakup, scripCode), 0};
+  return orderOfRecords({file.records, sizeof(FiveDayBreakup), file.count}, {byScripCode});
 }
 
 }  // namespace quillon

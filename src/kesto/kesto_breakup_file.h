@@ -30,7 +30,7 @@ struct KestoBreakupDay {
 inline constexpr std::size_t kestoBreakupDays = 5;
 inline constexpr std::size_t kestoBreakupNumbers = 76;
 
-struct KestoBreakup {
+struct FiveDayBreakup {
   std::int32_t scripCode;
   KestoBreakupDay days[kestoBreakupDays];
   std::int32_t totalGP;  // 16 bits
@@ -54,18 +54,18 @@ static_assert(offsetof(KestoBreakupDay, lendFirm1) == 28     && offsetof(KestoBr
 static_assert(offsetof(KestoBreakupDay, lendMarket2) == 36   && offsetof(KestoBreakupDay, borrowMarket2) == 40);
 static_assert(offsetof(KestoBreakupDay, borrowFirm2) == 44   && offsetof(KestoBreakupDay, lendFirm2) == 48);
 
-static_assert(sizeof(KestoBreakup) == kestoBreakupNumbers * sizeof(std::int32_t));
-static_assert(offsetof(KestoBreakup, scripCode) == 0     && offsetof(KestoBreakup, days) == 4);
-static_assert(offsetof(KestoBreakup, totalGP) == 264     && offsetof(KestoBreakup, totalLM) == 268);
-static_assert(offsetof(KestoBreakup, totalGS) == 272     && offsetof(KestoBreakup, totalBM) == 276);
-static_assert(offsetof(KestoBreakup, totalBF) == 280     && offsetof(KestoBreakup, totalLF) == 284);
-static_assert(offsetof(KestoBreakup, netPosition) == 288 && offsetof(KestoBreakup, unread) == 292);
-static_assert(offsetof(KestoBreakup, grossLend) == 296   && offsetof(KestoBreakup, grossBorrow) == 300);
+static_assert(sizeof(FiveDayBreakup) == kestoBreakupNumbers * sizeof(std::int32_t));
+static_assert(offsetof(FiveDayBreakup, scripCode) == 0     && offsetof(FiveDayBreakup, days) == 4);
+static_assert(offsetof(FiveDayBreakup, totalGP) == 264     && offsetof(FiveDayBreakup, totalLM) == 268);
+static_assert(offsetof(FiveDayBreakup, totalGS) == 272     && offsetof(FiveDayBreakup, totalBM) == 276);
+static_assert(offsetof(FiveDayBreakup, totalBF) == 280     && offsetof(FiveDayBreakup, totalLF) == 284);
+static_assert(offsetof(FiveDayBreakup, netPosition) == 288 && offsetof(FiveDayBreakup, unread) == 292);
+static_assert(offsetof(FiveDayBreakup, grossLend) == 296   && offsetof(FiveDayBreakup, grossBorrow) == 300);
 // clang-format on
 
 // A file in memory for the length of a run.
-struct KestoBreakups {
-  KestoBreakup* records = nullptr;  // count, and a zero one behind them
+struct FiveDayBreakups {
+  FiveDayBreakup* records = nullptr;  // count, and a zero one behind them
   std::size_t count = 0;
 };
 
@@ -79,12 +79,12 @@ enum class KestoBreakupLoad {
 
 // Counts the lines from where the file stands, takes the block and reads the file from its start. Lines come in pieces of 999
 // characters, each a record. The first number that is none, or has no '|' behind it, ends its record; the numbers behind it
-// stay zero. Whatever it gives, freeKestoBreakups is due; the records are only good after `loaded`.
-[[nodiscard]] KestoBreakupLoad loadKestoBreakups(Input& input, KestoBreakups& file);
-void freeKestoBreakups(KestoBreakups& file);
+// stay zero. Whatever it gives, freeFiveDayBreakups is due; the records are only good after `loaded`.
+[[nodiscard]] KestoBreakupLoad loadFiveDayBreakups(Input& input, FiveDayBreakups& file);
+void freeFiveDayBreakups(FiveDayBreakups& file);
 
 // The order of the records, ascending by scrip code; those of one scrip keep their order in the file. It tests as false when
 // there was no memory for it.
-[[nodiscard]] RecordOrder orderKestoBreakups(const KestoBreakups& file);
+[[nodiscard]] RecordOrder orderFiveDayBreakups(const FiveDayBreakups& file);
 
 }  // namespace quillon

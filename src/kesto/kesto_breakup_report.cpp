@@ -37,7 +37,7 @@ static void heading(Output& out, const KestoBreakupOptions& options, int page) {
   rule(out);
 }
 
-static void totalsLine(Output& out, const KestoBreakup& record) {
+static void totalsLine(Output& out, const FiveDayBreakup& record) {
   print<"|%7ld|%3s|%6s|%6s|%6s|%6s|%6s|%7ld|%7ld|%7ld|%7ld|%7ld|%7ld|%7ld|%9ld|%9ld|\n">(out, record.scripCode,
       "", "", "", "", "", "", record.totalGP, record.totalLM, record.totalGS, record.totalBM, record.totalBF,
       record.totalLF, record.netPosition, record.grossLend, record.grossBorrow);
@@ -53,7 +53,7 @@ static void clientLine(Output& out, std::int8_t day, std::int32_t clientType, st
 
 // clang-format on
 
-static void recordLines(Output& out, const KestoBreakup& record) {
+static void recordLines(Output& out, const FiveDayBreakup& record) {
   totalsLine(out, record);
   for (const KestoBreakupDay& d : record.days) {
     const auto day = static_cast<std::int8_t>(d.day);
@@ -63,12 +63,12 @@ static void recordLines(Output& out, const KestoBreakup& record) {
   rule(out);
 }
 
-void writeKestoBreakups(Output& out, const KestoBreakups& file, std::span<const std::uint32_t> order,
-                        const KestoBreakupOptions& options) {
+void writeFiveDayBreakups(Output& out, const FiveDayBreakups& file, std::span<const std::uint32_t> order,
+                          const KestoBreakupOptions& options) {
   int page = 1;
   unsigned records = 0;
   heading(out, options, page);
-  for (const KestoBreakup& record : inOrder(file.records, order)) {
+  for (const FiveDayBreakup& record : inOrder(file.records, order)) {
     if (records == options.linesPerPage) {
       // Every record has its own rule, so a full page needs none.
       print<"%c">(out, formFeed);

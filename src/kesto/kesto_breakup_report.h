@@ -18,7 +18,7 @@ struct KestoBreakupOptions {
 };
 
 // Writes the whole report, page numbers from 1, to the form feed behind its end. `order` holds positions of file.records.
-void writeKestoBreakups(Output& out, const KestoBreakups& file, std::span<const std::uint32_t> order,
+void writeFiveDayBreakups(Output& out, const FiveDayBreakups& file, std::span<const std::uint32_t> order,
                         const KestoBreakupOptions& options);
 
 }  // namespace quillon

@@ -590,8 +590,8 @@ static bool printLimits(FormHandle form, const Options& options) {
   return done;
 }
 
-static bool writeBreakup(FormHandle form, const Options& options, const std::string& runDate, KestoBreakups& file) {
-  switch (loadKestoBreakups(*state.input, file)) {
+static bool writeBreakup(FormHandle form, const Options& options, const std::string& runDate, FiveDayBreakups& file) {
+  switch (loadFiveDayBreakups(*state.input, file)) {
     case KestoBreakupLoad::loaded:
       break;
     case KestoBreakupLoad::zeroRecords:
@@ -603,19 +603,19 @@ static bool writeBreakup(FormHandle form, const Options& options, const std::str
     case KestoBreakupLoad::notRead:
       return tell(form, notReadReply);
   }
-  const RecordOrder order = orderKestoBreakups(file);
+  const RecordOrder order = orderFiveDayBreakups(file);
   if (!order) return tellInBox(form, memoryTitle, noBreakupMemory);
-  writeKestoBreakups(*state.output, file, order.positions(),
-                     {options.linesPerPage, fileSelection.isLendingFile, runDate, options.brokerNo});
+  writeFiveDayBreakups(*state.output, file, order.positions(),
+                       {options.linesPerPage, fileSelection.isLendingFile, runDate, options.brokerNo});
   return true;
 }
 
 static bool printBreakup(FormHandle form, const Options& options) {
   const LocalTime now = clockNow();
   const std::string runDate = formatText<"%02d/%02d/%04d">(now.day, now.month, now.year);
-  KestoBreakups file;
+  FiveDayBreakups file;
   const bool done = writeBreakup(form, options, runDate, file);
-  freeKestoBreakups(file);
+  freeFiveDayBreakups(file);
   return done;
 }
 

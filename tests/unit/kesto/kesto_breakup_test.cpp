@@ -35,26 +35,26 @@ const std::string wideLines =
     "1|1|\n";
 
 struct Loaded {
-  KestoBreakups file;
+  FiveDayBreakups file;
   KestoBreakupLoad load = KestoBreakupLoad::notRead;
 
   explicit Loaded(const std::string& lines) {
     const TextFile text(lines);
-    load = loadKestoBreakups(text.open(), file);
+    load = loadFiveDayBreakups(text.open(), file);
   }
   Loaded(const Loaded&) = delete;
   Loaded& operator=(const Loaded&) = delete;
-  ~Loaded() { freeKestoBreakups(file); }
+  ~Loaded() { freeFiveDayBreakups(file); }
 };
 
 std::string reportOf(const std::string& lines, const KestoBreakupOptions& options) {
   const Loaded loaded(lines);
   EXPECT_EQ(loaded.load, KestoBreakupLoad::loaded);
-  const RecordOrder order = orderKestoBreakups(loaded.file);
+  const RecordOrder order = orderFiveDayBreakups(loaded.file);
   EXPECT_TRUE(order);
   std::string text;
   Output* out = outputToMemory(&text);
-  writeKestoBreakups(*out, loaded.file, order.positions(), options);
+  writeFiveDayBreakups(*out, loaded.file, order.positions(), options);
   EXPECT_TRUE(outputClose(out));
   return text;
 }
@@ -72,25 +72,25 @@ std::string countingLine(int count) {
 
 // ---- Pages ------------------------------------------------------------------------------------------------------------
 
-TEST(KestoBreakup, ordinaryPages) {
+TEST(FiveDayBreakup, ordinaryPages) {
   test::expectApproved("kesto/breakup_ordinary.txt", reportOf(ordinaryLines, {2, false, "05/09/2009", "123"}));
 }
 
-TEST(KestoBreakup, lendingPagesWithoutABrokerNumber) {
+TEST(FiveDayBreakup, lendingPagesWithoutABrokerNumber) {
   test::expectApproved("kesto/breakup_lending.txt", reportOf(ordinaryLines, {2, true, "05/09/2009", " "}));
 }
 
-TEST(KestoBreakup, wideValues) {
+TEST(FiveDayBreakup, wideValues) {
   test::expectApproved("kesto/breakup_wide_values.txt", reportOf(wideLines, {1, false, "05/09/2009", "123456789"}));
 }
 
-TEST(KestoBreakup, pagesHoldRecordsAndOneLineIsOnePage) {
+TEST(FiveDayBreakup, pagesHoldRecordsAndOneLineIsOnePage) {
   EXPECT_EQ(pagesOf(reportOf("1|\n", {3, false, "05/09/2009", "1"})), 1u);
   EXPECT_EQ(pagesOf(reportOf("1|\n2|\n3|\n", {3, false, "05/09/2009", "1"})), 1u);
   EXPECT_EQ(pagesOf(reportOf("1|\n2|\n3|\n4|\n", {3, false, "05/09/2009", "1"})), 2u);
 }
 
-TEST(KestoBreakup, clientTypesHaveTheirLabels) {
+TEST(FiveDayBreakup, clientTypesHaveTheirLabels) {
   struct Case {
     const char* type;
     const char* cell;
@@ -105,10 +105,10 @@ TEST(KestoBreakup, clientTypesHaveTheirLabels) {
 
 // ---- Numbers ----------------------------------------------------------------------------------------------------------
 
-TEST(KestoBreakup, aLineHas76NumbersInTheirOrder) {
+TEST(FiveDayBreakup, aLineHas76NumbersInTheirOrder) {
   const Loaded loaded(countingLine(80) + "\n");
   ASSERT_EQ(loaded.file.count, 1u);
-  const KestoBreakup& record = loaded.file.records[0];
+  const FiveDayBreakup& record = loaded.file.records[0];
   EXPECT_EQ(record.scripCode, 1);
   for (std::size_t i = 0; i < kestoBreakupDays; ++i) {
     const KestoBreakupDay& day = record.days[i];
@@ -130,11 +130,11 @@ TEST(KestoBreakup, aLineHas76NumbersInTheirOrder) {
   EXPECT_EQ(record.grossBorrow, 76);
 }
 
-TEST(KestoBreakup, seventeenNumbersKeepTheirLower16BitsAlone) {
+TEST(FiveDayBreakup, seventeenNumbersKeepTheirLower16BitsAlone) {
   std::string line;
   for (int i = 0; i < 76; ++i) line += "-65535|";
   const Loaded loaded(line + "\n");
-  const KestoBreakup& record = loaded.file.records[0];
+  const FiveDayBreakup& record = loaded.file.records[0];
   EXPECT_EQ(record.scripCode, -65535);
   for (const KestoBreakupDay& day : record.days) {
     const std::vector<std::int32_t> read = {day.day,           day.unread[0],   day.unread[1], day.clientType1, day.lendMarket1,
@@ -149,23 +149,23 @@ TEST(KestoBreakup, seventeenNumbersKeepTheirLower16BitsAlone) {
   for (const std::int32_t other : others) EXPECT_EQ(other, -65535);
 }
 
-TEST(KestoBreakup, aBorrowMarketOf70000PrintsAs4464) {
+TEST(FiveDayBreakup, aBorrowMarketOf70000PrintsAs4464) {
   const std::string text = reportOf("9|5|0|0|2|77|70000|\n", {3, false, "05/09/2009", "1"});
   EXPECT_NE(text.find("|       |  5|     O|    77|  4464|     0|     0|"), std::string::npos);
 }
 
-TEST(KestoBreakup, daysAbove127PrintNegative) {
+TEST(FiveDayBreakup, daysAbove127PrintNegative) {
   for (const auto& [day, cell] : {std::pair("127", "|127|"), {"128", "|-128|"}, {"255", "| -1|"}, {"256", "|  0|"}}) {
     const std::string text = reportOf("9|" + std::string(day) + "|0|0|2|77|\n", {3, false, "05/09/2009", "1"});
     EXPECT_NE(text.find("|       " + std::string(cell) + "     O|    77|"), std::string::npos) << day;
   }
 }
 
-TEST(KestoBreakup, aLineWithFewerNumbersLeavesTheRestZero) {
+TEST(FiveDayBreakup, aLineWithFewerNumbersLeavesTheRestZero) {
   const Loaded loaded(countingLine(70) + "71\n" + "5|x|6|\n" + "7|8 |9|\n" + "\n" + "10|| 11|\n");
   ASSERT_EQ(loaded.load, KestoBreakupLoad::loaded);
   ASSERT_EQ(loaded.file.count, 5u);
-  const KestoBreakup* const records = loaded.file.records;
+  const FiveDayBreakup* const records = loaded.file.records;
   EXPECT_EQ(records[0].totalBF, 71);  // a number at the end needs no '|'
   EXPECT_EQ(records[0].totalLF, 0);
   EXPECT_EQ(records[1].scripCode, 5);
@@ -178,14 +178,14 @@ TEST(KestoBreakup, aLineWithFewerNumbersLeavesTheRestZero) {
   EXPECT_EQ(records[4].days[0].day, 0);
 }
 
-TEST(KestoBreakup, aShortLinePrintsZeros) {
+TEST(FiveDayBreakup, aShortLinePrintsZeros) {
   const std::string text = reportOf("9|\n", {3, false, "05/09/2009", "1"});
   EXPECT_NE(text.find("|      9|   |      |      |      |      |      |      0|      0|      0|      0|      0|      0|      0|"
                       "        0|        0|\r\n|       |  0|      |     0|     0|     0|     0|       |"),
             std::string::npos);
 }
 
-TEST(KestoBreakup, aLineOfMoreThan999CharactersIsTwoRecords) {
+TEST(FiveDayBreakup, aLineOfMoreThan999CharactersIsTwoRecords) {
   std::string line = "1|2|";
   line.resize(999, ' ');
   const Loaded loaded(line + "3|4|\n");
@@ -196,23 +196,23 @@ TEST(KestoBreakup, aLineOfMoreThan999CharactersIsTwoRecords) {
 
 // ---- Order and failures -----------------------------------------------------------------------------------------------
 
-TEST(KestoBreakup, recordsStandByScripCodeAndThoseOfOneScripInTheFilesOrder) {
+TEST(FiveDayBreakup, recordsStandByScripCodeAndThoseOfOneScripInTheFilesOrder) {
   const Loaded loaded("2|30|\n-1|40|\n2|10|\n1|50|\n2|20|\n");
-  const RecordOrder order = orderKestoBreakups(loaded.file);
+  const RecordOrder order = orderFiveDayBreakups(loaded.file);
   ASSERT_TRUE(order);
   std::vector<std::int32_t> days;
   for (const std::uint32_t position : order.positions()) days.push_back(loaded.file.records[position].days[0].day);
   EXPECT_EQ(days, (std::vector<std::int32_t>{40, 50, 30, 10, 20}));
 }
 
-TEST(KestoBreakup, anOrderWithoutMemoryTestsAsFalse) {
+TEST(FiveDayBreakup, anOrderWithoutMemoryTestsAsFalse) {
   const Loaded loaded("1|\n2|\n");
   faultsArm(Fault::order, 1, false);
-  EXPECT_FALSE(orderKestoBreakups(loaded.file));
+  EXPECT_FALSE(orderFiveDayBreakups(loaded.file));
   faultsReset();
 }
 
-TEST(KestoBreakup, failuresOfTheLoad) {
+TEST(FiveDayBreakup, failuresOfTheLoad) {
   EXPECT_EQ(Loaded("").load, KestoBreakupLoad::zeroRecords);
   const std::string lines = "1|\n2|\n";
   faultsArm(Fault::memory, 1, false);
