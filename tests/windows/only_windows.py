@@ -142,17 +142,22 @@ def tooltip_shows_while_a_form_is_the_active_window(desktop, folder):
 
 
 def button_of_a_form_that_cannot_be_made_stays_checked(desktop, folder):
-    # In a copy of the program the form's resource has another name.
+    # In a copy of the program the resources of two forms have other names.
+    def named(name):
+        return bytes([len(name), 0]) + name.encode("utf-16-le")
+
     program = desktop.program
     desktop.program = os.path.join(folder, "quillon.exe")
     with open(desktop.program, "wb") as file:
-        file.write(bytes_of(program).replace(b"\4\0" + "DELV".encode("utf-16-le"), b"\4\0" + "DELW".encode("utf-16-le")))
+        file.write(bytes_of(program).replace(named("AUCRPT"), named("AUCRPU")).replace(named("DELV"), named("DELW")))
     try:
-        lines = run(desktop, folder, ["tool DELV", "tool DELV"])
+        lines = run(desktop, folder, ["tool AUCRPT", "tool AUCRPT", "tool DELV"])
     finally:
         desktop.program = program
-    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")], [("Error", "Dialog Creation Failed")] * 2)
-    expect("check states", of_kind(lines, "tools"), [{"DELV": True}])
+    # "Error" is the word of Windows for a box without a title.
+    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")],
+           [("Error", "Dialog Creation Failed")] * 2 + [("ERROR", "Error Creating Delivery Box")])
+    expect("check states", of_kind(lines, "tools"), [{"AUCRPT": True}, {"DELV": True}])
 
 
 def tab_order_is_reading_order(desktop, folder):
