@@ -40,7 +40,6 @@ NOT_SHOWN_TABLES = {
 EXCEPTIONS = {
     ("src/brokerquery/broker_form.cpp", "Printing of NetPosition in Progress... Please Wait."):
         "stands on the Reply line between two steps with no box between them; BrokerForm's unit tests look there",
-    ("src/frame/file_selection.cpp", "Load String Failed"): "said to the admin log form alone, which is not in this version",
 }
 
 SHOWING_CALLS = {"boxShow", "boxAsk", "showReply", "reportOnReplyAndBox", "formSetTitle", "failRun", "fail", "refuse", "tell",
