@@ -12,11 +12,15 @@ FORMS = {
     "trades": ["TR*", "STR*", "TO*", "CT*"],
     "net_position": ["TR*", "CT*"],
     "slb_position": ["STR*"],
-    "broker_query": ["B[Rrb]*", "SB*", "BB*", "CB*"],
+    "broker_query": ["B[Rrb]*", "BB*", "CB*"],
     "touchlines": ["*.SAV", "*.SSAV"],
     "auction": ["MONY*", "OFFS*"],
     "admin_log": ["Ad*.adl", "SAd*.adl"],
     "trader_limits": ["*.TRD", "*.TSL", "*.STRD", "*.STSL"],
+    "sixa_sevena": ["*.UPD", "*.SUPD", "*.NUP", "*.SNUP"],
+    "breakup": ["*.DAT"],
+    "order_log": ["OR*.LOG", "SOR*.LOG", "BO*.BIN", "SBO*.BIN"],
+    "quote_log": ["QO*.LOG"],
 }
 # What stands at the end of an input, last byte first: name, pressed (4 bytes), answers, lines, fault kind and number, moves.
 CHOICES = [

@@ -14,6 +14,8 @@ from workfiles import (  # noqa: E402
     auctionHeader, broker132, broker160, delimited, header, kestoBroker, kestoTrade, lines, mony, offs, trade132, trade144, write)
     activity, adminLog, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, scripLimit, trade132, trade144,
     traderLimit, write)
+    broker132, broker160, clientRectification, consolidatedOrder, delimited, header, kestoBroker, kestoTrade, lines, order112,
+    order136, quote, trade132, trade144, typeRectification, write)
 
 # code, symbol, group, price in rupees around which it trades
 SCRIPS = (
@@ -382,6 +384,159 @@ def makeAdminLogFiles(folder):
 
     make("Ad010109.adl", "01/01/2009", adminTraders(41, 12), adminScrips(42, 30), adminGroups(43, 8), adminActivities(44, 10))
     make("SAd250509.adl", "25/05/2009", adminTraders(45, 6), adminScrips(46, 9), [], adminActivities(47, 4))
+def breakups(seed, count):
+    """One line a scrip: figures of four client types, their totals, the net position and the gross figures."""
+    chance = Chance(seed)
+    found = []
+    for code, _, _ in scripsOfTheDay(chance, count):
+        blocks = [[chance.below(150) if chance.below(3) else 0 for _ in range(6)] for _ in range(4)]
+        pd, sd, pc, sc, vb, sb = totals = [sum(column) for column in zip(*blocks)]
+        gross = [pd + pc, sd + sc, pd + pc + vb, sd + sc + sb]
+        groups = [delimited(code)] + [delimited(kind + 1, *block) for kind, block in enumerate(blocks)]
+        last = delimited(*totals, gross[0] - gross[1], *gross)
+        found.append(groups[0] + "\t\t     ".join(groups[1:]) + "\t\t" + last[:-1])
+    return found
+
+
+def kestoBreakups(seed, count):
+    chance = Chance(seed)
+    found = []
+    for code, _, _ in scripsOfTheDay(chance, count):
+        blocks = [[100 * chance.below(90) if chance.below(3) else 0 for _ in range(4)] for _ in range(2)]
+        lm, bm, bf, lf = [sum(column) for column in zip(*blocks)]
+        groups = [delimited(kind + 2, *block) for kind, block in enumerate(blocks)]
+        last = delimited(lm + lf, lm, bm + bf, bm, lf, bf, lm + lf - bm - bf, 0, lm + lf, bm + bf)
+        found.append(delimited(code) + "\t\t\t\t\t\t     ".join(groups + [last]))
+    return found
+
+
+def makeBreakupFiles(folder):
+    def make(name, *found):
+        write(os.path.join(folder, name), lines(*found))
+
+    make("BU010109.DAT", *breakups(41, 14))
+    make("SU250509.DAT", *breakups(42, 7))
+    make("KU010109.DAT", *kestoBreakups(43, 14))
+    make("SKU250509.DAT", *kestoBreakups(44, 7))
+
+
+def entries6a7a(seed, count, date, sides, confirmed, paper):
+    """One line an entry; `paper` is what its contract number or memo number begins with."""
+    chance = Chance(seed)
+    comments = ("PAYOUT TO CLIENT", "EARLY PAY-IN", "AGAINST MARGIN", "PART DELIVERY", "NONE")
+    found = []
+    for i in range(count):
+        code, _, _, price = chance.of(SCRIPS)
+        client, _ = chance.of(CLIENTS)
+        quantity = (1 + chance.below(400)) * 25
+        found.append(delimited(code, 1000 + chance.below(90), chance.of("ND"), 100001 + 3 * i, chance.of(sides), chance.of("CN"),
+                               quantity, quantity * round(price * 100), date, client, confirmed(chance), 501 + i,
+                               "%s/%04d" % (paper, 40 + i), chance.of(comments), 1 if chance.below(6) == 0 else 0))
+    return found
+
+
+def make6A7AFiles(folder):
+    def make(name, date, *found):
+        write(os.path.join(folder, name), lines(delimited(date, "16:05:30"), *found))
+
+    def waiting(chance):
+        return "N"
+
+    def settled(chance):
+        return chance.of("YYR")
+
+    make("6A010109.UPD", "01/01/09", *entries6a7a(51, 60, "01/01/2009", "BS", waiting, "CN/2009/418"))
+    make("6A250509.SUPD", "25/05/09", *entries6a7a(52, 12, "25/05/2009", "BL", waiting, "CM/2009/418"))
+    make("6A010109.NUP", "01/01/09", *entries6a7a(53, 45, "01/01/2009", "BS", settled, "CN/2009/418"))
+    make("6A250509.SNUP", "25/05/09", *entries6a7a(54, 12, "25/05/2009", "BL", settled, "CM/2009/418"))
+# The codes of client types that the logs hold, by the clients of the day
+TYPE_CODES = {"CLIENT": 30, "CLIENT_SD": 30, "NRI": 87, "MF": 70, "OWN": 20, "INS": 85}
+# action code, and the exchange's reply to it
+ORDER_ACTIONS = (
+    (1, "Order accepted"), (1, "Order accepted"), (1, "Order accepted"), (2, "Order updated"), (3, "Order deleted"),
+    (9, "Market order accepted"), (4, "Stop loss order accepted"), (1, "Order rejected, price beyond the band"),
+    (17, "Odd lot order accepted\nby the broker's own limits"),
+)
+
+
+def orderEvent(chance, index, trn, sides="BS"):
+    code, symbol, _, price = chance.of(SCRIPS)
+    client, kind = chance.of(CLIENTS)
+    action, message = chance.of(ORDER_ACTIONS)
+    rate = round(price * 100) + (chance.below(41) - 20) * 5
+    qty = (1 + chance.below(40)) * 25
+    return dict(scripCode=code, scripId=symbol, qty=qty, revQty=qty // (1 + chance.below(3)), limitRate=rate,
+                trigRate=rate - 50 if action == 4 else 0, orderId=trn + chance.below(90) + 100 * index,
+                retention=chance.of((0, 1, 2, 3, 3, 3, 4)), clientType=TYPE_CODES[kind], clientId=client,
+                orderType=chance.of("LLLLM"), side=chance.of(sides), actionCode=action, message=message)
+
+
+def orders112(seed, count):
+    chance = Chance(seed)
+    return [order112(time, **orderEvent(chance, i, 1121000000)) for i, time in enumerate(times(chance, count))]
+
+
+def orders136(seed, count, trn, sides="BS"):
+    """Every sixth event, from the third on, rectifies a client id; every seventh, from the fourth on, a client type."""
+    chance = Chance(seed)
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        fields = orderEvent(chance, i, trn, sides)
+        newClient, newKind = chance.of(CLIENTS)
+        if i % 6 == 2:
+            fields.update(tradeId=100001 + 3 * i, newClientId=newClient, actionCode=19, message="Client id changed")
+            if i % 4 == 0:
+                fields.update(actionCode=20, message="Client id is not registered")
+            records.append(clientRectification(time=time, **fields))
+        elif i % 7 == 3:
+            fields.update(tradeId=100001 + 3 * i, newClientType=TYPE_CODES[newKind], actionCode=21,
+                          message="Client type changed")
+            records.append(typeRectification(time=time, **fields))
+        else:
+            records.append(order136(time, **fields))
+    return records
+
+
+def consolidatedOrders(seed, date, count, trn, sides="BS"):
+    """A consolidated log holds the orders of all the member's traders."""
+    chance = Chance(seed)
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        fields = orderEvent(chance, i, trn, sides)
+        records.append(consolidatedOrder(traderId=1 + chance.below(TRADER), logDate=date, logTime=time, **fields))
+    return records
+
+
+def quotes(seed, count):
+    chance = Chance(seed)
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        code, symbol, _, price = chance.of(SCRIPS)
+        bidder, bidderKind = chance.of(CLIENTS)
+        offerer, offererKind = chance.of(CLIENTS)
+        paise = round(price * 100)
+        action, message = chance.of(((1, "Quote accepted"), (2, "Quote updated"), (3, "Quote deleted"),
+                                     (1, "Quote rejected, spread is too wide")))
+        records.append(quote(time, scripCode=code, scripId=symbol, bidQty=(1 + chance.below(40)) * 25, bidRevQty=25,
+                             bidRate=paise - 5 * (1 + chance.below(20)), offerQty=(1 + chance.below(40)) * 25, offerRevQty=25,
+                             offerRate=paise + 5 * chance.below(20), quoteId=90525000000 + 100 * i, actionCode=action,
+                             bidClientType=TYPE_CODES[bidderKind], offerClientType=TYPE_CODES[offererKind],
+                             bidClientId=bidder, offerClientId=offerer, message=message))
+    return records
+
+
+def makeOrderAndQuoteLogs(folder):
+    def make(name, kind, date, records):
+        write(os.path.join(folder, name), start("N", date, kind=kind), *records)
+
+    make("OR211103.LOG", "O", "21/11/2003", orders112(41, 24))
+    make("OR210509.LOG", "O", "21/05/2009", orders136(42, 40, 521000000))
+    make("OR250509.LOG", "O", "25/05/2009", orders136(43, 60, 200905250000000))
+    make("SOR250509.LOG", "O", "25/05/2009", orders136(44, 30, 7000000, sides="BL"))
+    make("BO210509.BIN", "L", "21/05/2009", consolidatedOrders(45, "21/05/2009", 40, 521000000))
+    make("BO250509.BIN", "L", "25/05/2009", consolidatedOrders(46, "25/05/2009", 60, 200905250000000))
+    make("SBO250509.BIN", "L", "25/05/2009", consolidatedOrders(47, "25/05/2009", 30, 7000000, sides="BL"))
+    make("QO250509.LOG", "Q", "25/05/2009", quotes(48, 30))
 
 
 if __name__ == "__main__":
@@ -392,3 +547,6 @@ if __name__ == "__main__":
     makeTraderLimitsFiles(folder)
     makeAuctionFiles(folder)
     makeAdminLogFiles(folder)
+    makeBreakupFiles(folder)
+    make6A7AFiles(folder)
+    makeOrderAndQuoteLogs(folder)

@@ -3,6 +3,10 @@
 #include "auction/auction_form.h"
 #include "brokerquery/broker_form.h"
 #include "logs/admin_log_form.h"
+#include "market/breakup_form.h"
+#include "market/sixa_sevena_form.h"
+#include "logs/order_log_form.h"
+#include "logs/quote_log_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
 #include "position/position_form.h"
@@ -20,6 +24,10 @@ static constexpr FormEntry entries[] = {
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
     {"PRNTADMINLOG", adminLogFormEvent},
+    {"PRNTSIXASEVENA", sixaSevenaFormEvent},
+    {"PRNTBRKUP", breakupFormEvent},
+    {"PRNTORDLOG", orderLogFormEvent},
+    {"PRNTQUOTELOG", quoteLogFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

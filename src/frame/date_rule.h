@@ -5,8 +5,11 @@ namespace quillon {
 
 enum class DateRuleSlot { brokerQuery = 1, convert = 2, trades = 3, orderLog = 4 };
 
-// Sets the slot's flag from the date fields of a file header: `century` and `year` are the first and the last two digits of
-// the year, joined as text with two digits each.
+// The year of a file header, whose date fields hold its first and its last two digits: the number that both read as, joined as
+// text with two digits each.
+long long fullYear(int century, int year);
+
+// Sets the slot's flag from the date fields of a file header.
 void applyDateRule(int century, int year, int month, int day, DateRuleSlot slot);
 
 // True when the file last put to this slot is dated before 22 May 2009. False at the start of the program.

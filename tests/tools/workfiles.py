@@ -192,6 +192,86 @@ KESTO_BROKER = Layout(
     ("settFyear", 79, 63, "text"),
 )
 
+# The whole record of the order logs before 22 November 2003; the day, month and year are theirs alone.
+ORDER112_FIELDS = (
+    ("scripCode", 0, 4, "number"),
+    ("qty", 4, 4, "number"),
+    ("revQty", 8, 4, "number"),
+    ("limitRate", 12, 4, "number"),  # hundredths, as are the two that follow
+    ("trigRate", 16, 4, "number"),
+    ("thirdRate", 20, 4, "number"),
+    ("orderId", 24, 8, "number"),
+    ("retention", 32, 2, "number"),
+    ("clientType", 34, 2, "number"),
+    ("orderType", 36, 1, "char"),
+    ("side", 37, 1, "char"),
+    ("hour", 38, 1, "number"),
+    ("minute", 39, 1, "number"),
+    ("second", 40, 1, "number"),
+    ("recDay", 41, 1, "number"),
+    ("recMonth", 42, 1, "number"),
+    ("recYear", 43, 1, "number"),
+    ("actionCode", 44, 2, "number"),
+    ("clientId", 48, 12, "text"),
+    ("scripId", 60, 12, "text"),
+    ("message", 72, 40, "text"),
+)
+
+ORDER112 = Layout(112, *ORDER112_FIELDS)
+
+ORDER136 = Layout(
+    136,
+    *ORDER112_FIELDS,
+    ("tradeId", 112, 4, "number"),
+    ("newClientId", 116, 12, "text"),
+    ("recordKind", 128, 1, "char"),  # 'N' order, 'Y' client rectification, 'I' client type rectification
+    ("newClientType", 132, 2, "number"),
+)
+
+CONSOLIDATED_ORDER = Layout(
+    142,
+    ("traderId", 4, 4, "number"),
+    ("scripCode", 8, 4, "number"),
+    ("scripId", 12, 12, "text"),
+    ("qty", 24, 4, "number"),
+    ("revQty", 28, 4, "number"),
+    ("limitRate", 32, 4, "number"),  # hundredths, as are the two that follow
+    ("trigRate", 36, 4, "number"),
+    ("thirdRate", 40, 4, "number"),
+    ("orderId", 44, 8, "number"),
+    ("retention", 52, 2, "number"),
+    ("clientType", 54, 2, "number"),
+    ("actionCode", 56, 2, "number"),
+    ("clientId", 58, 12, "text"),
+    ("orderType", 70, 1, "char"),
+    ("side", 71, 1, "char"),
+    ("logDate", 72, 15, "text"),
+    ("logTime", 87, 15, "text"),
+    ("message", 102, 40, "text"),
+)
+
+QUOTE = Layout(
+    126,
+    ("scripCode", 0, 4, "number"),
+    ("bidQty", 4, 4, "number"),
+    ("bidRevQty", 8, 4, "number"),
+    ("bidRate", 12, 4, "number"),  # hundredths
+    ("offerQty", 16, 4, "number"),
+    ("offerRevQty", 20, 4, "number"),
+    ("offerRate", 24, 4, "number"),  # hundredths
+    ("quoteId", 28, 8, "number"),
+    ("bidClientType", 36, 2, "number"),
+    ("offerClientType", 38, 2, "number"),
+    ("hour", 40, 1, "number"),
+    ("minute", 41, 1, "number"),
+    ("second", 42, 1, "number"),
+    ("actionCode", 46, 2, "number"),
+    ("bidClientId", 50, 12, "text"),
+    ("offerClientId", 62, 12, "text"),
+    ("scripId", 74, 12, "text"),
+    ("message", 86, 40, "text"),
+
+
 AUCTION_HEADER = Layout(
     62,
     ("settlementNo", 0, 2, "number"),
@@ -492,6 +572,52 @@ def adminLog(traders=(), scrips=(), groups=(), activities=(), memberId=123, date
                   yearOfCentury=year % 100)
     values.update(fields)
     return ADMIN_HEADER.pack(values) + b"".join([*traders, *scrips, *groups, *activities])
+
+
+def orderFields(time, fields):
+    hour, minute, second = (int(part) for part in time.split(":"))
+    values = dict(scripCode=500010, qty=100, revQty=40, limitRate=12345, trigRate=0, thirdRate=0, orderId=90525000001,
+                  retention=3, clientType=30, orderType="L", side="B", hour=hour, minute=minute, second=second, actionCode=1,
+                  clientId="C0001", scripId="AXLE", message="Order accepted")
+    values.update(fields)
+    return values
+
+
+def order112(time="10:15:30", **fields):
+    return ORDER112.pack(orderFields(time, dict(dict(recDay=21, recMonth=11, recYear=3), **fields)))
+
+
+def order136(time="10:15:30", **fields):
+    return ORDER136.pack(orderFields(time, dict(dict(recordKind="N"), **fields)))
+
+
+def clientRectification(**fields):
+    values = dict(recordKind="Y", actionCode=19, tradeId=1001, newClientId="C0002", message="Client changed")
+    values.update(fields)
+    return order136(**values)
+
+
+def typeRectification(**fields):
+    values = dict(recordKind="I", actionCode=21, tradeId=1001, newClientType=70, message="Type changed")
+    values.update(fields)
+    return order136(**values)
+
+
+def consolidatedOrder(**fields):
+    values = dict(traderId=7, scripCode=500010, scripId="AXLE", qty=100, revQty=40, limitRate=12345, trigRate=0, thirdRate=0,
+                  orderId=90525000001, retention=3, clientType=30, actionCode=1, clientId="C0001", orderType="L", side="B",
+                  logDate="25/05/2009", logTime="10:15:30", message="Order accepted")
+    values.update(fields)
+    return CONSOLIDATED_ORDER.pack(values)
+
+
+def quote(time="10:15:30", **fields):
+    hour, minute, second = (int(part) for part in time.split(":"))
+    values = dict(scripCode=500010, bidQty=100, bidRevQty=40, bidRate=12345, offerQty=200, offerRevQty=50, offerRate=12445,
+                  quoteId=90525000001, bidClientType=30, offerClientType=20, hour=hour, minute=minute, second=second,
+                  actionCode=1, bidClientId="C0001", offerClientId="C0002", scripId="AXLE", message="Quote accepted")
+    values.update(fields)
+    return QUOTE.pack(values)
 
 
 def write(name, *pieces):

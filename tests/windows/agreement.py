@@ -4,6 +4,7 @@ Both are brought into the same form first: at each box, at each open-file dialog
 the forms since the last such moment. What cannot be seen from outside is left out, here and nowhere else:
 
 - a box with no title of its own: Windows puts its own word, "Error", there;
+- the owner of a box or a dialog, which only the screen has;
 - the pattern of a file mask: the dialog shows its name alone;
 - "selected" 0, no mask: the dialog shows the first;
 - the focus while a box or a dialog is open, since it is in the box, and that of a form that is not the active one;
@@ -16,15 +17,19 @@ import copy
 WORD_OF_WINDOWS = "Error"
 
 
+def _without_owner(dialog):
+    return {key: value for key, value in dialog.items() if key != "owner"}
+
+
 def _box(box):
     if box["title"] is None:
         box = dict(box, title=WORD_OF_WINDOWS)
-    return {"box": box}
+    return {"box": _without_owner(box)}
 
 
 def _files(files):
     masks = [mask[:1] for mask in files["masks"]]
-    return {"files": dict(files, masks=masks, selected=max(files["selected"], 1))}
+    return {"files": dict(_without_owner(files), masks=masks, selected=max(files["selected"], 1))}
 
 
 class _Reader:
@@ -107,7 +112,7 @@ class _Reader:
         elif kind == "exit":
             self.end_command()
             self.lines.append(line)
-        elif kind not in ("beep", "stdout"):
+        elif kind not in ("beep", "stdout", "interrupted"):
             raise ValueError("a line of an unknown kind: " + kind)
 
 

@@ -69,7 +69,7 @@ def second_copy_ends_with_status_0_and_no_window(desktop, folder):
     before = last_of(lines, "changed")
 
     second = desktop.start_driver(folder)
-    out, _ = second.communicate("", timeout=120)
+    out, _ = second.communicate("frame\n", timeout=120)  # a copy with a window would tell of it
     expect("lines of the second copy", transcripts.parse(out), [{"exit": 0}])
 
     out, _ = first.communicate("show\nquit\n", timeout=120)
@@ -78,14 +78,33 @@ def second_copy_ends_with_status_0_and_no_window(desktop, folder):
     expect("the first copy's end", lines[-1], {"exit": 0})
 
 
+def copy_with_more_rights_counts_as_running(desktop, folder):
+    # Its mark is there and may not be opened.
+    copy = desktop.start_driver(folder, options=["--keep-mutex"])
+    out, _ = copy.communicate("frame\n", timeout=120)
+    expect("lines of the copy", transcripts.parse(out), [{"exit": 0}])
+
+
 def frame_is_maximised_with_16_check_buttons_and_no_menu(desktop, folder):
     frame = last_of(run(desktop, folder, ["frame"]), "frame")
+    expect("class", frame["class"], "PrntWndClass")
     expect("title", frame["title"], TITLE)
+    expect("the icon in the title bar", frame["icon"], True)
     expect("maximised", frame["maximised"], True)
     expect("menu", frame["menu"], False)
     expect("toolbar id", frame["toolbar"], 178)
     expect("toolbar size", frame["size"], [800, 40])
     expect("buttons", frame["buttons"], BUTTONS)
+
+
+def toolbar_grows_on_a_finer_screen(desktop, folder):
+    lines = run(desktop, folder, ["tool PRNTRPT", "frame", "dpi 144", "frame", "dpi 192", "frame", "tool PRNTRPT"])
+    frames = of_kind(lines, "frame")
+    expect("toolbar sizes", [frame["size"] for frame in frames], [[800, 40], [1200, 60], [1600, 80]])
+    expect("buttons", [frame["buttons"] for frame in frames], [BUTTONS] * 3)
+    expect("pictures", [frame["picture"] for frame in frames], [25, 38, 50])
+    # The button of the form that is open stays pressed on the new bars, until it is pressed again.
+    expect("check states", of_kind(lines, "tools"), [{"PRNTRPT": True}, {"PRNTRPT": False}])
 
 
 def button_follows_f1_twice_and_the_title_bar(desktop, folder):
@@ -115,6 +134,11 @@ def every_button_has_its_tooltip(desktop, folder):
             "PRNTQUOTELOG": "Quote Log Printing", "PRNTADMINLOG": "Admin Log Printing"}
     lines = run(desktop, folder, ["hover " + form for form in tips])
     expect("tooltips", of_kind(lines, "tooltip"), list(tips.values()))
+
+
+def tooltip_shows_while_a_form_is_the_active_window(desktop, folder):
+    lines = run(desktop, folder, ["tool PRNTRPT", "hover PRNTNP"])
+    expect("tooltips", of_kind(lines, "tooltip"), ["NetPosition Printing"])
 
 
 def button_of_a_form_that_cannot_be_made_stays_checked(desktop, folder):
@@ -156,6 +180,43 @@ def access_keys_press_load_and_print(desktop, folder):
     expect("box", last_of(lines, "box")["text"], "The input file is required for processing.")
 
 
+def close_messages_leave_a_run_alone_and_the_session_waits(desktop, folder):
+    # They come while the run waits for an answer. The form, the main window and the report are as if they had not come.
+    run(desktop, folder, ["tool PRNTRPT"] + LOAD + TO_FILE + ["answer yes", "press 1015"])
+    report = bytes_of(folder, "REPORT.TXT")
+    os.remove(os.path.join(folder, "REPORT.TXT"))
+    lines = run(desktop, folder, ["tool PRNTRPT"] + LOAD + TO_FILE + ["interrupt", "answer yes", "press 1015", "show"])
+    expect("windows and session", of_kind(lines, "interrupted"), [{"windows": 2, "mayEnd": False}])
+    expect("last box", last_of(lines, "box")["text"], "PRINTING COMPLETE")
+    expect("the report is the same", bytes_of(folder, "REPORT.TXT") == report and len(report) > 0, True)
+    expect("title afterwards", last_of(lines, "changed")["title"], "TRADES PRINTING")
+
+
+def close_messages_leave_a_load_alone(desktop, folder):
+    lines = run(desktop, folder, ["tool PRNTRPT", "interrupt"] + LOAD + ["show"])
+    expect("windows and session", of_kind(lines, "interrupted"), [{"windows": 2, "mayEnd": False}])
+    expect("title afterwards", last_of(lines, "changed")["title"], "TRADES PRINTING - " + TRADE_FILE)
+
+
+def session_may_end_between_runs(desktop, folder):
+    lines = run(desktop, folder, ["tool PRNTRPT"] + LOAD + ["press 1200", "session"])
+    expect("session", of_kind(lines, "session"), [True])
+
+
+def dialogs_belong_to_the_form_that_brought_them(desktop, folder):
+    lines = run(desktop, folder, ["tool PRNTNP", "tool PRNTRPT"] + LOAD + ["press 1015"])
+    expect("owner of the open-file dialog", last_of(lines, "files")["owner"], "PRNTRPT")
+    expect("owners of the boxes", {box["owner"] for box in of_kind(lines, "box")}, {"PRNTRPT"})
+
+
+def letters_outside_windows_1252_are_refused_in_an_output_name(desktop, folder):
+    # None of them is taken for the letter that looks like it.
+    for name in ("\u0100B\u03a9.TXT", "\u0410.TXT", "\U0001f4c4.TXT", "\uff21.TXT"):
+        lines = run(desktop, folder, ["tool PRNTRPT"] + LOAD + ["press 1011", "type 1013 " + name, "press 1015"])
+        expect("box for " + name, last_of(lines, "box")["text"], "Invalid Characters in OutFile Name")
+        expect("files left", sorted(os.listdir(folder)), ["export", "script"])
+
+
 def printer_receives_the_report(desktop, folder):
     run(desktop, folder, ["tool PRNTRPT"] + LOAD + TO_FILE + ["press 1015"])
     lines = run(desktop, folder, ["printer PRINTED", "tool PRNTRPT"] + LOAD + ["press 1015"])
@@ -194,16 +255,24 @@ def wide_names_reach_the_title(desktop, folder):
 
 TESTS = [
     second_copy_ends_with_status_0_and_no_window,
+    copy_with_more_rights_counts_as_running,
     frame_is_maximised_with_16_check_buttons_and_no_menu,
+    toolbar_grows_on_a_finer_screen,
     button_follows_f1_twice_and_the_title_bar,
     every_key_reaches_its_tool,
     every_button_has_its_tooltip,
+    tooltip_shows_while_a_form_is_the_active_window,
     button_of_a_form_that_cannot_be_made_stays_checked,
     tab_order_is_reading_order,
     escape_does_nothing,
     box_gives_the_focus_back_to_the_button_that_brought_it,
     refused_character_leaves_the_caret_where_it_was,
     access_keys_press_load_and_print,
+    close_messages_leave_a_run_alone_and_the_session_waits,
+    close_messages_leave_a_load_alone,
+    session_may_end_between_runs,
+    dialogs_belong_to_the_form_that_brought_them,
+    letters_outside_windows_1252_are_refused_in_an_output_name,
     printer_receives_the_report,
     missing_printer_says_check_your_printer,
     full_printer_says_that_the_report_was_not_written,

@@ -110,9 +110,9 @@ class Desktop:
         subprocess.run(["wine"] + arguments, env=self.environment, check=True, timeout=START_SECONDS,
                        stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    def start_driver(self, folder, script=None):
+    def start_driver(self, folder, script=None, options=()):
         """A driver with the program in `folder`; without a script it takes its commands from standard input."""
-        arguments = ["wine", self.driver, windows_path(self.program)]
+        arguments = ["wine", self.driver] + list(options) + [windows_path(self.program)]
         if script:
             arguments.append(windows_path(os.path.abspath(script)))
         return subprocess.Popen(arguments, cwd=folder, env=self.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,

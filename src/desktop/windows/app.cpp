@@ -2,9 +2,9 @@
 #include "desktop/app.h"
 
 #include <string>
-#include <vector>
 
 #include "desktop/windows/common.h"
+#include "desktop/windows/toolbar.h"
 
 // After <windows.h>, which common.h brings.
 // clang-format off
@@ -13,17 +13,11 @@
 
 namespace quillon {
 
-static constexpr int toolbarId = 178;
-static constexpr int pictureSize = 25;
-static constexpr int toolbarWidth = 800;
-static constexpr int toolbarHeight = 40;
 static constexpr COLORREF background = RGB(0, 128, 128);
 
 static struct {
   AppHandler handler;
   HANDLE mutex;
-  HWND toolbar;
-  std::vector<HBITMAP> pictures;
   std::wstring tooltip;
   bool goneDown;  // the frame has been told that the main window is going
   bool ended;     // appEnd was called
@@ -34,7 +28,7 @@ static struct {
 
 bool appMutexExists(const char* name) {
   const HANDLE mutex = OpenMutexW(MUTEX_ALL_ACCESS, FALSE, wideFromAnsi(name).c_str());
-  if (!mutex) return false;
+  if (!mutex) return GetLastError() == ERROR_ACCESS_DENIED;  // it is there, held by a copy with more rights
   CloseHandle(mutex);
   return true;
 }
@@ -69,6 +63,17 @@ static void goDown() {
   state.handler.destroyed();
 }
 
+static void onCommand(int id) {
+  const Work work(false);
+  state.handler.command(id);
+}
+
+static void onDpiChanged(HWND window, UINT dpi, const RECT& place) {
+  SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  toolbarRebuild(dpi);
+}
+
 static LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE:
@@ -78,9 +83,18 @@ static LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam
     case WM_NOTIFY:
       return onNotify(window, reinterpret_cast<NMHDR*>(lParam));
     case WM_COMMAND:
-      state.handler.command(LOWORD(wParam));
+      onCommand(LOWORD(wParam));
       return DefWindowProcW(window, message, wParam, lParam);
+    case WM_DPICHANGED:  // the window has come to another screen
+      onDpiChanged(window, HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+      return 0;
+    case WM_SYSCOLORCHANGE:
+      toolbarRebuild(GetDpiForWindow(window));
+      return 0;
+    case WM_QUERYENDSESSION:
+      return !windowsAtWork();  // a report that is not finished is worth the wait
     case WM_CLOSE:
+      if (windowsAtWork()) return 0;
       goDown();
       DestroyWindow(window);
       return 0;
@@ -110,63 +124,6 @@ bool appCreateWindow(const AppWindow& window, const AppHandler& handler) {
                                     WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                                     CW_USEDEFAULT, nullptr, nullptr, windowsInstance(), nullptr);
   return made != nullptr;
-}
-
-// ---- The toolbar -------------------------------------------------------------------------------------------------------
-
-// The themes of Windows let the main window's colour through; the pictures are drawn for the button face.
-static LRESULT CALLBACK toolbarProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id, DWORD_PTR) {
-  if (message == WM_ERASEBKGND) {
-    RECT area = {};
-    GetClientRect(window, &area);
-    FillRect(reinterpret_cast<HDC>(wParam), &area, GetSysColorBrush(COLOR_BTNFACE));
-    return TRUE;
-  }
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, toolbarProcedure, id);
-  return DefSubclassProc(window, message, wParam, lParam);
-}
-
-void appBuildToolbar(std::span<const ToolButton> buttons) {
-  INITCOMMONCONTROLSEX controls = {.dwSize = sizeof controls, .dwICC = ICC_BAR_CLASSES};
-  InitCommonControlsEx(&controls);
-  constexpr DWORD style = WS_CHILD | WS_BORDER | TBSTYLE_TOOLTIPS | TBSTYLE_WRAPABLE | CCS_TOP | CCS_NORESIZE;
-  state.toolbar = CreateWindowExW(0, TOOLBARCLASSNAMEW, nullptr, style, 0, 0, toolbarWidth, toolbarHeight, windowsMainWindow(),
-                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(toolbarId)), windowsInstance(), nullptr);
-  SetWindowSubclass(state.toolbar, toolbarProcedure, toolbarId, 0);
-  SendMessageW(state.toolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-  SendMessageW(state.toolbar, TB_SETBUTTONSIZE, 0, MAKELPARAM(pictureSize, pictureSize));
-  SendMessageW(state.toolbar, TB_SETBITMAPSIZE, 0, MAKELPARAM(pictureSize, pictureSize));
-
-  std::vector<TBBUTTON> all;
-  for (const ToolButton& button : buttons) {
-    // The grey of the pictures becomes the button face of the user's desktop.
-    const HANDLE picture = LoadImageW(windowsInstance(), MAKEINTRESOURCEW(button.bitmap), IMAGE_BITMAP, 0, 0,
-                                      LR_CREATEDIBSECTION | LR_LOADMAP3DCOLORS);
-    TBADDBITMAP add = {.hInst = nullptr, .nID = reinterpret_cast<UINT_PTR>(picture)};
-    SendMessageW(state.toolbar, TB_ADDBITMAP, 1, reinterpret_cast<LPARAM>(&add));
-    state.pictures.push_back(static_cast<HBITMAP>(picture));
-
-    TBBUTTON made = {};
-    made.iBitmap = static_cast<int>(all.size());
-    made.idCommand = button.tool;
-    made.fsState = TBSTATE_ENABLED;
-    made.fsStyle = TBSTYLE_CHECK;
-    made.iString = -1;
-    all.push_back(made);
-  }
-  SendMessageW(state.toolbar, TB_ADDBUTTONSW, all.size(), reinterpret_cast<LPARAM>(all.data()));
-  ShowWindow(state.toolbar, SW_SHOW);
-}
-
-void appSetToolChecked(int tool, bool checked) {
-  SendMessageW(state.toolbar, TB_CHECKBUTTON, static_cast<WPARAM>(tool), MAKELPARAM(checked, 0));
-}
-
-void appDestroyToolbar() {
-  if (state.toolbar) DestroyWindow(state.toolbar);
-  state.toolbar = nullptr;
-  for (HBITMAP picture : state.pictures) DeleteObject(picture);
-  state.pictures.clear();
 }
 
 // ---- The loop and the end ----------------------------------------------------------------------------------------------

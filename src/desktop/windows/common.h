@@ -26,9 +26,23 @@ struct InputBlock {
   InputBlock& operator=(const InputBlock&) = delete;
 };
 
+// Stands around everything that the program does on the user's word. While one stands, a close message is ignored: it would
+// take a form away from under its own run. One that `waits` is for what may take long: the pointer shows it, and the end of
+// the Windows session is asked to wait.
+struct Work {
+  explicit Work(bool waits);
+  ~Work();
+  Work(const Work&) = delete;
+  Work& operator=(const Work&) = delete;
+  bool waits;
+};
+bool windowsAtWork();
+void windowsPauseWork(bool paused);  // the user is asked for something; the pointer is the user's until the answer
+
 std::wstring wideFromUtf8(std::string_view text);
 std::string utf8FromWide(std::wstring_view text);
-// Windows-1252, whatever the code page of the user's system: the texts of the workstation's files.
+// Windows-1252, whatever the code page of the user's system: the texts of the workstation's files. A character that it does
+// not have becomes '?', which no output name may hold; a look-alike would give a report another name than was typed.
 std::wstring wideFromAnsi(std::string_view text);
 std::string ansiFromWide(std::wstring_view text);
 

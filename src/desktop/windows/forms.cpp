@@ -33,6 +33,7 @@ static void blockWindow(HWND window, HWND owner) {
 
 InputBlock::InputBlock(HWND owner) {
   if (state.blocks++ > 0) return;
+  windowsPauseWork(true);
   blockWindow(windowsMainWindow(), owner);
   for (const FormWindow* form : state.forms) blockWindow(form->window, owner);
 }
@@ -41,6 +42,7 @@ InputBlock::~InputBlock() {
   if (--state.blocks > 0) return;
   for (HWND window : state.blocked) EnableWindow(window, TRUE);
   state.blocked.clear();
+  windowsPauseWork(false);
 }
 
 // ---- Messages of a form ------------------------------------------------------------------------------------------------
@@ -49,10 +51,21 @@ static void send(FormWindow* form, FormEventKind kind, int control = 0) {
   form->handler({.form = form, .kind = kind, .control = control});
 }
 
+// The same on the user's word. A button's work may take long.
+static void sendAsWork(FormWindow* form, FormEventKind kind, int control, bool mayTakeLong) {
+  const Work work(mayTakeLong);
+  send(form, kind, control);
+}
+
 static bool isKind(HWND control, const wchar_t* windowClass) {
   wchar_t name[16] = {};
   GetClassNameW(control, name, static_cast<int>(std::size(name)));
   return lstrcmpiW(name, windowClass) == 0;
+}
+
+static bool isPushButton(HWND button) {
+  const LONG_PTR type = GetWindowLongPtrW(button, GWL_STYLE) & BS_TYPEMASK;
+  return type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON;
 }
 
 // Enter arrives here as the press of the focused or the default button. Where a form has none, it comes without a control and
@@ -60,11 +73,11 @@ static bool isKind(HWND control, const wchar_t* windowClass) {
 static void onCommand(FormWindow* form, int control, int code, HWND window) {
   if (!window) return;
   if (isKind(window, L"Button")) {
-    if (code == BN_CLICKED && !state.settingFocus) send(form, FormEventKind::press, control);
+    if (code == BN_CLICKED && !state.settingFocus) sendAsWork(form, FormEventKind::press, control, isPushButton(window));
   } else if (isKind(window, L"Edit")) {
-    if (code == EN_UPDATE) send(form, FormEventKind::edit, control);
+    if (code == EN_UPDATE) sendAsWork(form, FormEventKind::edit, control, false);
   } else if (isKind(window, L"ComboBox")) {
-    if (code == CBN_SELCHANGE) send(form, FormEventKind::pick, control);
+    if (code == CBN_SELCHANGE) sendAsWork(form, FormEventKind::pick, control, false);
   }
 }
 
@@ -99,7 +112,7 @@ static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam
       // Alt+F4 asks to close even where the entry is greyed.
       return (wParam & 0xFFF0) == SC_CLOSE && !closeIsEnabled(window);
     case WM_CLOSE:
-      send(form, FormEventKind::close);
+      if (!windowsAtWork()) send(form, FormEventKind::close);
       return TRUE;  // else the dialog manager would turn it into Cancel
     case WM_DESTROY:
       send(form, FormEventKind::destroy);

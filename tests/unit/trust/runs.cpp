@@ -126,6 +126,8 @@ static FormRun auction(const char* name, const char* sample, std::vector<int> op
           .create = "Error In Opening OutFile",
           .seek = "Error Reading File ",
           .tell = "Error Reading File "};
+}
+
 static FormRun adminLog(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTADMINLOG",
@@ -142,6 +144,66 @@ static FormRun adminLog(const char* name, const char* sample, std::vector<int> o
           .seek = "Error in Reading File",
           .tell = "Error in Reading File",
           .string = "Load String Failed"};
+static FormRun sixaSevena(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTSIXASEVENA",
+          .sample = sample,
+          .load = IDC_6A7A_LOAD,
+          .print = IDC_6A7A_PRINT,
+          .cancel = IDC_6A7A_CANCEL,
+          .file = IDC_6A7A_FILE,
+          .outFile = IDC_6A7A_OUTFILE,
+          .options = std::move(options),
+          .memory = "6A7A Report: Memory Allocation Failure",
+          .open = "Error In Opening ",
+          .create = "Error ",
+          .seek = "",
+          .tell = ""};
+}
+
+static FormRun breakup(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTBRKUP",
+          .sample = sample,
+          .load = IDC_BRKUP_LOAD,
+          .print = IDC_BRKUP_PRINT,
+          .cancel = IDC_BRKUP_CANCEL,
+          .file = IDC_BRKUP_FILE,
+          .outFile = IDC_BRKUP_OUTFILE,
+          .options = std::move(options),
+          .memory = "BreakUp Report: Memory Allocation Failure",
+          .open = "Error In Opening BreakUp Report File.....",
+          .create = "Error In Opening Output File",
+          .seek = "",
+          .tell = ""};
+static FormRun orderLog(const char* name, const char* sample, std::vector<int> options) {
+  return {.name = name,
+          .form = "PRNTORDLOG",
+          .sample = sample,
+          .load = IDC_ORDLOG_LOAD,
+          .print = IDC_ORDLOG_PRINT,
+          .cancel = IDC_ORDLOG_CANCEL,
+          .file = IDC_ORDLOG_FILE,
+          .outFile = IDC_ORDLOG_OUTFILE,
+          .options = std::move(options),
+          .memory = "OrderLog Data : Memory Allocation Failure",
+          .open = "File cannot be opened!",
+          .create = "Error In Opening Output File",
+          .seek = "Error In Calculating No Of Records",
+          .tell = "Error In Calculating No Of Records",
+          .readsAtLoad = true};
+}
+
+static FormRun quoteLog(const char* name, const char* sample, std::vector<int> options) {
+  FormRun run = orderLog(name, sample, std::move(options));
+  run.form = "PRNTQUOTELOG";
+  run.load = IDC_QUOTELOG_LOAD;
+  run.print = IDC_QUOTELOG_PRINT;
+  run.cancel = IDC_QUOTELOG_CANCEL;
+  run.file = IDC_QUOTELOG_FILE;
+  run.outFile = IDC_QUOTELOG_OUTFILE;
+  run.memory = "QuoteLog Data : Memory Allocation Failure";
+  return run;
 }
 
 const std::vector<FormRun>& allRuns() {
@@ -176,6 +238,18 @@ const std::vector<FormRun>& allRuns() {
       auction("offer status of a lending auction by scrip code", "OFFS2505.S12", {IDC_AUC_OFFERS, IDC_AUC_SORT_SCRIP_CODE}),
       adminLog("admin log, all four sections", "Ad010109.adl", {}),
       adminLog("admin log of the lending market by trader", "SAd250509.adl", {IDC_ADMLOG_SCRIPS, IDC_ADMLOG_SORT_TRADER}),
+      sixaSevena("6A7A, updatable", "6A010109.UPD", {}),
+      sixaSevena("6A7A of the lending market, non-updatable", "6A250509.SNUP", {IDC_6A7A_NON_UPDATABLE}),
+      breakup("breakup data", "BU010109.DAT", {}),
+      breakup("breakup data of the lending market, sorted", "SU250509.DAT", {IDC_BRKUP_SORT}),
+      breakup("breakup data of Kesto, sorted", "KU010109.DAT", {IDC_BRKUP_KESTO, IDC_BRKUP_SORT}),
+      orderLog("order log of 112 bytes by scrip code", "OR211103.LOG", {IDC_ORDLOG_SORT_SCRIP_CODE}),
+      orderLog("order log of 136 bytes after the cut-over", "OR250509.LOG", {}),
+      orderLog("clients rectified before the cut-over, by client", "OR210509.LOG",
+               {IDC_ORDLOG_CLIENT_RECTIFICATION, IDC_ORDLOG_SORT_CLIENT_ID}),
+      orderLog("client types rectified, lending market", "SOR250509.LOG", {IDC_ORDLOG_TYPE_RECTIFICATION}),
+      orderLog("consolidated order log by scrip id", "BO250509.BIN", {IDC_ORDLOG_SORT_SCRIP_ID}),
+      quoteLog("quote log by bidding client", "QO250509.LOG", {IDC_QUOTELOG_SORT_BID_CLIENT_ID}),
   };
   return runs;
 }

@@ -56,8 +56,34 @@ void expectBlocked(HWND dialog) {
   }
 }
 
+std::string ownerOf(HWND dialog) {
+  const HWND owner = GetWindow(dialog, GW_OWNER);
+  if (!owner) return "none";
+  if (owner == driver.mainWindow) return "main";
+  const Tool* tool = formOf(owner);
+  return tool ? narrow(tool->form) : "unknown";
+}
+
+void interrupt() {
+  if (!driver.interrupts) return;
+  driver.interrupts = false;
+  std::vector<HWND> windows = {driver.mainWindow};
+  for (const auto& [tool, window] : driver.open) windows.push_back(window);
+  bool mayEnd = true;
+  for (HWND window : windows) {
+    ask(window, WM_CLOSE);
+    mayEnd = mayEnd && ask(window, WM_QUERYENDSESSION) != 0;
+  }
+  const auto isThere = [](HWND window) { return IsWindow(window) && IsWindowVisible(window); };
+  std::string pieces;
+  add(pieces, "windows", std::to_string(std::count_if(windows.begin(), windows.end(), isThere)));
+  add(pieces, "mayEnd", truth(mayEnd));
+  write("{\"interrupted\":{" + pieces + "}}");
+}
+
 void answerBox(HWND box) {
   expectBlocked(box);
+  interrupt();
   std::vector<int> buttons;
   int standard = 0;
   for (HWND child : childrenOf(box)) {
@@ -82,6 +108,7 @@ void answerBox(HWND box) {
   add(pieces, "buttons", choice ? "\"yesno\"" : "\"ok\"");
   add(pieces, "default", std::string("\"") + nameOfButton(standard) + '"');
   add(pieces, "answer", std::string("\"") + nameOfButton(answer) + '"');
+  add(pieces, "owner", '"' + ownerOf(box) + '"');
   write("{\"box\":{" + pieces + "}}");
   pressAndWait(box, answer);
 }

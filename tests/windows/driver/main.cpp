@@ -1,16 +1,20 @@
 // Works quillon.exe from outside, as a user at the screen does, and writes what that user sees.
 //
-//   quillon-driver.exe [--leave] QUILLON.EXE [SCRIPT]      in the folder in which the program is to run
+//   quillon-driver.exe [--leave] [--keep-mutex] QUILLON.EXE [SCRIPT]      in the folder in which the program is to run
 //
-// With --leave the program stays open at the end of the commands; otherwise its main window is closed then.
+// With --leave the program stays open at the end of the commands; otherwise its main window is closed then. With --keep-mutex
+// the mark of a running copy is there before the program starts, and nobody may open it, as when a copy with more rights runs.
 //
 // It takes the same commands as quillon-script and writes the same JSON lines, as far as they can be seen from outside (what
 // cannot is listed in run_wine.py, which compares the two). Windows are found by class and process, controls by id; the
 // program itself knows nothing of this.
 //
-// Beyond those it knows six commands for what only Windows has: "frame" tells of the main window and its toolbar, "hover FORM"
-// of the tooltip of a tool, "tab" and "escape" press these keys on the form, "mnemonic P" presses Alt+P there, "keys TEXT"
-// types a text one character after the other where the caret stands ('<' is the backspace key).
+// Beyond those it knows a few commands for what only Windows has: "frame" tells of the main window and its toolbar, "dpi
+// 144" moves it to a screen of so many dots an inch, "hover
+// FORM" of the tooltip of a tool, "tab" and "escape" press these keys on the form, "mnemonic P" presses Alt+P there, "keys
+// TEXT" types a text one character after the other where the caret stands ('<' is the backspace key), "paste TEXT" pastes it
+// there. "interrupt" stands before a command: at the first box or dialog that comes, every window of the program gets a close
+// message, and the program is asked whether the session may end.
 //
 // A command is carried out on a thread of its own, by messages that come back only when the program has handled them: so its
 // end is known, and no time has to be guessed. Until then this thread watches for boxes and dialogs and answers them.
@@ -23,6 +27,7 @@
 #include <string_view>
 #include <utility>
 
+#include "dialogs.h"
 #include "program.h"
 #include "texts.h"
 #include "user.h"
@@ -62,6 +67,8 @@ static void arrange(const std::string& line) {
     return;  // the machine's clock is not the driver's to set
   else if (word == "fail")
     giveUp(statusCannot, line, "a fault cannot be brought about from outside");
+  else if (word == "interrupt")
+    driver.interrupts = true;
   else
     giveUp(statusNoCommand, line, "is no command");
 }
@@ -88,6 +95,10 @@ static void carryOutLine(const std::string& line) {
     quit();
   else if (word == "frame")
     tellOfFrame();
+  else if (word == "dpi" && numberOf(argument))
+    moveToScreen(*numberOf(argument));
+  else if (word == "session")
+    askForSessionEnd();
   else if (word == "hover")
     hover(widen(argument));
   else if (word == "tab")
@@ -98,6 +109,8 @@ static void carryOutLine(const std::string& line) {
     pressMnemonic(static_cast<wchar_t>(argument[0]));
   else if (word == "keys")
     typeKeys(widen(argument));
+  else if (word == "paste")
+    paste(widen(argument));
   else if (word == "show") {
     if (const Tool* tool = current()) writeForm(tool, driver.open[tool], true);
   } else
@@ -124,21 +137,28 @@ using namespace driving;
 
 int wmain(int count, wchar_t** arguments) {
   int next = 1;
-  const bool leave = next < count && std::wstring_view(arguments[next]) == L"--leave";
-  if (leave) ++next;
+  const auto isNext = [&](std::wstring_view option) {
+    const bool found = next < count && arguments[next] == option;
+    if (found) ++next;
+    return found;
+  };
+  const bool leave = isNext(L"--leave");
+  if (isNext(L"--keep-mutex")) keepMutex();
   if (next >= count) giveUp(statusNoCommand, "quillon-driver", "which program?");
   const wchar_t* program = arguments[next++];
   std::FILE* script = next < count ? _wfopen(arguments[next], L"rb") : stdin;
   if (!script) giveUp(statusNoCommand, narrow(arguments[next]), "cannot be read");
+  markFolders();
   if (startProgram(program)) {
     std::string line;
     while (!driver.over && readLine(script, line)) {
       if (line.find_first_not_of(" \t") == std::string::npos || line.starts_with('#')) continue;
       carryOutLine(line);
     }
-    if (!driver.over && leave) return 0;
-    if (!driver.over) quit();
+    if (!driver.over && !leave) quit();
   }
+  unmarkFolders();
+  if (!programIsOver()) return 0;  // it was to stay
   writeExit();
   return 0;
 }

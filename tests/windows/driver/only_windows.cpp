@@ -1,5 +1,8 @@
 // What only Windows has: the pointer, single keys, and what the frame looks like.
+#include <cstring>
+
 #include "dialogs.h"
+#include "pictures.h"
 #include "texts.h"
 #include "user.h"
 
@@ -73,14 +76,48 @@ void typeKeys(const std::wstring& text) {
   });
 }
 
+void paste(const std::wstring& text) {
+  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+  const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
+  std::memcpy(GlobalLock(block), text.c_str(), bytes);
+  GlobalUnlock(block);
+  waitFor("the clipboard", commandDeadline, [] { return OpenClipboard(nullptr) != 0; });
+  EmptyClipboard();
+  SetClipboardData(CF_UNICODETEXT, block);
+  CloseClipboard();
+  const HWND window = focusWindow();
+  carryOut([window] { send(window, WM_PASTE, 0, 0); });
+}
+
+void moveToScreen(int dpi) {
+  RECT area = {};
+  GetWindowRect(driver.mainWindow, &area);
+  const RemoteMemory place(sizeof area);
+  WriteProcessMemory(driver.process, place.address, &area, sizeof area, nullptr);
+  ask(driver.mainWindow, WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)), reinterpret_cast<LPARAM>(place.address));
+  findToolbar();
+}
+
+void askForSessionEnd() { write("{\"session\":" + truth(ask(driver.mainWindow, WM_QUERYENDSESSION) != 0) + "}"); }
+
+// The toolbar puts a margin of its own around them, the same at each size.
+static int pictureSize() {
+  const LRESULT button = ask(driver.toolbar, TB_GETBUTTONSIZE);
+  const LRESULT margin = ask(driver.toolbar, TB_GETPADDING);
+  return static_cast<int>(LOWORD(button)) - static_cast<int>(LOWORD(margin));
+}
+
 void tellOfFrame() {
   std::string pieces;
   RECT bar = {};
   GetWindowRect(driver.toolbar, &bar);
   const LRESULT buttonSize = ask(driver.toolbar, TB_GETBUTTONSIZE);
+  add(pieces, "class", json(classOf(driver.mainWindow)));
   add(pieces, "title", json(textOf(driver.mainWindow)));
+  add(pieces, "icon", truth(hasIconInTitle(driver.mainWindow, driver.program.c_str(), L"QUILLON")));
   add(pieces, "maximised", truth(IsZoomed(driver.mainWindow)));
   add(pieces, "menu", truth(GetMenu(driver.mainWindow) != nullptr));
+  add(pieces, "picture", std::to_string(pictureSize()));
   add(pieces, "toolbar", std::to_string(GetDlgCtrlID(driver.toolbar)));
   add(pieces, "size", '[' + std::to_string(bar.right - bar.left) + ',' + std::to_string(bar.bottom - bar.top) + ']');
   add(pieces, "button", '[' + std::to_string(LOWORD(buttonSize)) + ',' + std::to_string(HIWORD(buttonSize)) + ']');

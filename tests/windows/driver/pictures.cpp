@@ -41,13 +41,13 @@ Pixels pixelsOnScreen(int x, int y, int size) {
   return pixelsOf(size, [=](HDC memory, HDC screen) { BitBlt(memory, 0, 0, size, size, screen, x, y, SRCCOPY); });
 }
 
-Pixels pixelsOfIcon(const wchar_t* icon, int size, COLORREF ground) {
+Pixels pixelsOfIcon(HICON icon, int size, COLORREF ground) {
   return pixelsOf(size, [=](HDC memory, HDC) {
     const RECT area = {0, 0, size, size};
     const HBRUSH brush = CreateSolidBrush(RGB((ground >> 16) & 0xFF, (ground >> 8) & 0xFF, ground & 0xFF));
     FillRect(memory, &area, brush);
     DeleteObject(brush);
-    DrawIconEx(memory, 0, 0, LoadIconW(nullptr, icon), size, size, 0, nullptr, DI_NORMAL);
+    DrawIconEx(memory, 0, 0, icon, size, size, 0, nullptr, DI_NORMAL);
   });
 }
 
@@ -67,9 +67,29 @@ const char* iconOnScreen(HWND picture) {
   const int size = std::min<int>(area.right - area.left, area.bottom - area.top);
   const Pixels seen = pixelsOnScreen(area.left, area.top, size);
   for (const auto& [icon, name] : icons) {
-    if (distance(seen, pixelsOfIcon(icon, size, seen[0])) * 20 < seen.size()) return name;
+    if (distance(seen, pixelsOfIcon(LoadIconW(nullptr, icon), size, seen[0])) * 20 < seen.size()) return name;
   }
   return nullptr;
+}
+
+// Where in the bar it stands is the desktop's affair: the places at its left end are tried one after the other.
+bool hasIconInTitle(HWND window, const wchar_t* program, const wchar_t* icon) {
+  const int size = GetSystemMetrics(SM_CXSMICON);
+  const HMODULE module = LoadLibraryExW(program, nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  const HICON wanted = static_cast<HICON>(LoadImageW(module, icon, IMAGE_ICON, size, size, 0));
+  RECT area = {};
+  GetWindowRect(window, &area);
+  const int left = std::max<int>(area.left, 0);
+  const int top = std::max<int>(area.top, 0);
+  bool found = false;
+  for (int y = top; wanted && !found && y < top + 2 * size; ++y) {
+    for (int x = left; !found && x < left + size; ++x) {
+      const Pixels seen = pixelsOnScreen(x, y, size);
+      found = distance(seen, pixelsOfIcon(wanted, size, seen[0])) * 20 < seen.size();
+    }
+  }
+  FreeLibrary(module);
+  return found;
 }
 
 }  // namespace driving

@@ -14,6 +14,7 @@ Driver driver;
 [[noreturn]] void stuck(const char* waitingFor) {
   std::fprintf(stderr, "driver: waited in vain for %s\n", waitingFor);
   TerminateProcess(driver.process, statusStuck);
+  unmarkFolders();
   ExitProcess(statusStuck);
 }
 
@@ -22,6 +23,7 @@ bool programIsOver() { return WaitForSingleObject(driver.process, 0) == WAIT_OBJ
 [[noreturn]] void giveUp(int status, const std::string& line, const char* reason) {
   std::fprintf(stderr, "driver: %s: %s\n", reason, line.c_str());
   if (driver.process) TerminateProcess(driver.process, static_cast<UINT>(status));
+  unmarkFolders();
   ExitProcess(static_cast<UINT>(status));
 }
 
@@ -86,6 +88,18 @@ HWND dialogThatAsks() {
 
 // ---- From its start to its end -----------------------------------------------------------------------------------------
 
+void keepMutex() {
+  ACL nobody = {};
+  InitializeAcl(&nobody, sizeof nobody, ACL_REVISION);
+  SECURITY_DESCRIPTOR descriptor = {};
+  InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
+  SetSecurityDescriptorDacl(&descriptor, TRUE, &nobody, FALSE);
+  SECURITY_ATTRIBUTES attributes = {.nLength = sizeof attributes, .lpSecurityDescriptor = &descriptor, .bInheritHandle = FALSE};
+  if (!CreateMutexW(&attributes, TRUE, L"QuillonMutex")) giveUp(statusCannot, "QuillonMutex", "cannot be made");
+}
+
+void findToolbar() { driver.toolbar = FindWindowExW(driver.mainWindow, nullptr, TOOLBARCLASSNAMEW, nullptr); }
+
 bool startProgram(const wchar_t* program) {
   learnForms(program);
   std::wstring commandLine = L'"' + std::wstring(program) + L'"';
@@ -96,6 +110,7 @@ bool startProgram(const wchar_t* program) {
     giveUp(statusStuck, narrow(program), "cannot be started");
   }
   CloseHandle(made.hThread);
+  driver.program = program;
   driver.process = made.hProcess;
   driver.processId = made.dwProcessId;
   driver.thread = made.dwThreadId;
@@ -107,7 +122,7 @@ bool startProgram(const wchar_t* program) {
     return driver.mainWindow || programIsOver();
   });
   if (!driver.mainWindow) return false;
-  driver.toolbar = FindWindowExW(driver.mainWindow, nullptr, TOOLBARCLASSNAMEW, nullptr);
+  findToolbar();
   ask(driver.mainWindow, WM_NULL);
   return true;
 }

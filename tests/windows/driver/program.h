@@ -22,6 +22,7 @@ inline constexpr DWORD commandDeadline = 60'000;
 inline constexpr DWORD pollStep = 5;
 
 struct Driver {
+  std::wstring program;
   HANDLE process;
   DWORD processId;
   DWORD thread;
@@ -33,12 +34,16 @@ struct Driver {
   std::map<const Tool*, FormView> shown;          // as the transcript has them
   std::map<const Tool*, HWND> open;
   std::set<const Tool*> checked;
+  bool interrupts;  // at the next dialog the windows get a close message
   bool over;
 };
 extern Driver driver;
 
+// Makes the mark of a running copy, for the length of this driver, so that nobody may open it.
+void keepMutex();
 // False where the program ends without a window, as a second copy does.
 bool startProgram(const wchar_t* program);
+void findToolbar();
 bool programIsOver();
 void writeExit();
 
@@ -62,6 +67,7 @@ struct RemoteMemory {
   RemoteMemory(const RemoteMemory&) = delete;
   RemoteMemory& operator=(const RemoteMemory&) = delete;
   void read(void* into, std::size_t size) const { ReadProcessMemory(driver.process, address, into, size, nullptr); }
+  void write(const void* from, std::size_t size) const { WriteProcessMemory(driver.process, address, from, size, nullptr); }
   void* address;
 };
 

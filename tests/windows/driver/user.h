@@ -35,6 +35,9 @@ void pressTab();
 void pressEscape();
 void pressMnemonic(wchar_t letter);
 void typeKeys(const std::wstring& text);
+void paste(const std::wstring& text);
+void moveToScreen(int dpi);  // tells the main window that it has come to a screen of so many dots an inch
+void askForSessionEnd();
 void tellOfFrame();
 
 }  // namespace driving

@@ -1,0 +1,10 @@
+// The Order Log form (PRNTORDLOG).
+#pragma once
+
+#include "desktop/forms.h"
+
+namespace quillon {
+
+void orderLogFormEvent(const FormEvent& event);
+
+}  // namespace quillon
