@@ -16,6 +16,8 @@ from workfiles import (  # noqa: E402
     traderLimit, write)
     broker132, broker160, clientRectification, consolidatedOrder, delimited, header, kestoBroker, kestoTrade, lines, order112,
     order136, quote, trade132, trade144, typeRectification, write)
+    activity, adminLog, auctionHeader, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, mony,
+    offs, scripLimit, trade132, trade144, traderLimit, write)
 
 # code, symbol, group, price in rupees around which it trades
 SCRIPS = (

@@ -278,6 +278,12 @@ static AuctionStatement statementOf(const Options& options) {
           options.linesPerPage};
 }
 
+// The memory of the report's records, with a zero one behind them.
+static bool takeBlock(FormHandle form, const Options& options) {
+  state.block = memoryTake((state.count + 1) * auctionRecordSize(options.report->kind));
+  return state.block || refuse(form, memoryTitle, noMemoryText);
+}
+
 // ---- Offers
 
 namespace {
@@ -314,9 +320,8 @@ static bool writeOffers(FormHandle form, const Options& options) {
 
 // ---- Money
 
-static bool readMoney(FormHandle form) {
-  state.block = memoryTake((state.count + 1) * sizeof(MonyRec));
-  if (!state.block) return refuse(form, memoryTitle, noMemoryText);
+static bool readMoney(FormHandle form, const Options& options) {
+  if (!takeBlock(form, options)) return false;
   state.groups = static_cast<char*>(memoryTake(state.count));
   if (!state.groups) return refuse(form, memoryTitle, noGroupMemoryText);
   if (!readAuctionRecords(*state.input, AuctionKind::mony, state.block, state.count)) {
@@ -345,7 +350,7 @@ static bool openOffers(FormHandle form, std::size_t& count) {
 
 static bool writeMoney(FormHandle form, const Options& options) {
   std::size_t offerCount = 0;
-  if (!readMoney(form) || !openOffers(form, offerCount)) return false;
+  if (!readMoney(form, options) || !openOffers(form, offerCount)) return false;
   const auto* const records = static_cast<const MonyRec*>(state.block);
   const RecordOrder order = moneyOrder(records, state.groups, state.count, options.sort);
   if (!order) return refuse(form, memoryTitle, noMemoryText);
