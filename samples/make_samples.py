@@ -18,6 +18,31 @@ from workfiles import (  # noqa: E402
     order136, quote, trade132, trade144, typeRectification, write)
     activity, adminLog, auctionHeader, broker132, broker160, delimited, groupLimit, header, kestoBroker, kestoTrade, lines, mony,
     offs, scripLimit, trade132, trade144, traderLimit, write)
+    activity,
+    adminLog,
+    auctionHeader,
+    broker132,
+    broker160,
+    clientRectification,
+    consolidatedOrder,
+    delimited,
+    groupLimit,
+    header,
+    kestoBroker,
+    kestoTrade,
+    lines,
+    mony,
+    offs,
+    order112,
+    order136,
+    quote,
+    scripLimit,
+    trade132,
+    trade144,
+    traderLimit,
+    typeRectification,
+    write,
+)
 
 # code, symbol, group, price in rupees around which it trades
 SCRIPS = (

@@ -270,6 +270,7 @@ QUOTE = Layout(
     ("offerClientId", 62, 12, "text"),
     ("scripId", 74, 12, "text"),
     ("message", 86, 40, "text"),
+)
 
 
 AUCTION_HEADER = Layout(

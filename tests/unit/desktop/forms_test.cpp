@@ -101,11 +101,11 @@ TEST(Forms, keyThatTheProgramDoesNotHaveIsRefused) {
 
 TEST(Forms, toolWhoseFormIsNotThereShowsTheFailureAndStaysChecked) {
   EXPECT_EQ(
-      effects("tool PRNTQUOTELOG"),
+      effects("tool CONVERT"),
       (Lines{
-          R"({"box":{"title":null,"text":"Dialog Creation Failed","icon":"error","buttons":"ok","default":"ok","answer":"ok"}})",
-          R"({"tools":{"PRNTQUOTELOG":true}})"}));
-  EXPECT_EQ(effects("tool PRNTQUOTELOG\ntool PRNTQUOTELOG").size(), 1u) << "its handle stayed zero, so it is tried again";
+          R"({"box":{"title":"CONVERT","text":"Dialog Creation Failed","icon":"error","buttons":"ok","default":"ok","answer":"ok"}})",
+          R"({"tools":{"CONVERT":true}})"}));
+  EXPECT_EQ(effects("tool CONVERT\ntool CONVERT").size(), 1u) << "its handle stayed zero, so it is tried again";
 }
 
 TEST(Forms, formThatCannotBeCreatedLeavesNothingBehind) {

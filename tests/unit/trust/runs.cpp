@@ -144,6 +144,8 @@ static FormRun adminLog(const char* name, const char* sample, std::vector<int> o
           .seek = "Error in Reading File",
           .tell = "Error in Reading File",
           .string = "Load String Failed"};
+}
+
 static FormRun sixaSevena(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTSIXASEVENA",
@@ -176,6 +178,8 @@ static FormRun breakup(const char* name, const char* sample, std::vector<int> op
           .create = "Error In Opening Output File",
           .seek = "",
           .tell = ""};
+}
+
 static FormRun orderLog(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTORDLOG",
