@@ -17,6 +17,7 @@
 #include "logs/admin_log_file.h"
 #include "logs/admin_log_report.h"
 #include "resource.h"
+#include "text/encoding.h"
 #include "text/print.h"
 
 namespace quillon {
@@ -282,7 +283,7 @@ static bool confirm(FormHandle form) {
   for (const Section& section : state.sections) count += section.count;
   // clang-format off
   const std::string text = formatText<"File Name : %11s\n\nFile Type : %s\n\nMemberId : %ld\n\nDate : %02d%02d/%02d/%02d\n\nTime : %02d : %02d : %02d\n\nNo Of Records : %ld\n ">(
-      std::string_view(state.fileTitle), fileTypeText, header.memberId, header.century, header.yearOfCentury, header.month, header.day,
+      bytesFromUtf8(state.fileTitle), fileTypeText, header.memberId, header.century, header.yearOfCentury, header.month, header.day,
       header.hour, header.minute, header.second, static_cast<std::int32_t>(count));
   // clang-format on
   return boxAsk(form, confirmTitle, text, BoxIcon::question, BoxChoice::yes) == BoxChoice::yes;
