@@ -142,9 +142,9 @@ def tooltip_shows_while_a_form_is_the_active_window(desktop, folder):
 
 
 def button_of_a_form_that_cannot_be_made_stays_checked(desktop, folder):
-    lines = run(desktop, folder, ["tool DELV", "tool DELV"])
-    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")], [("Error", "Dialog Creation Failed")] * 2)
-    expect("check states", of_kind(lines, "tools"), [{"DELV": True}])
+    lines = run(desktop, folder, ["tool CONVERT", "tool CONVERT"])
+    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")], [("CONVERT", "Dialog Creation Failed")] * 2)
+    expect("check states", of_kind(lines, "tools"), [{"CONVERT": True}])
 
 
 def tab_order_is_reading_order(desktop, folder):
@@ -226,6 +226,27 @@ def printer_receives_the_report(desktop, folder):
     expect("what was printed is what stands in the file", bytes_of(folder, "PRINTED") == report, True)
 
 
+def printer_receives_delivery_slips_and_no_standard_output_is_needed(desktop, folder):
+    # The program has no standard output here, where the text that there are no deliveries would go.
+    shutil.copy(os.path.join(folder, "export", "DELY0101.215"), os.path.join(folder, "DELY0101.215"))
+    with open(os.path.join(folder, "DELY0101.215"), "rb") as file:
+        whole = file.read()
+    received = b"".join(whole[at:at + 256] for at in range(62, len(whole), 256) if whole[at + 17:at + 18] == b"O")
+    delivered = (len(whole) - 62 - len(received)) // 256
+    with open(os.path.join(folder, "DELY0102.216"), "wb") as file:
+        file.write(whole[:62] + received)
+    for name, slips in (("DELY0101.215", delivered), ("DELY0102.216", 0)):
+        records = (os.path.getsize(os.path.join(folder, name)) - 62) // 256
+        lines = run(desktop, folder, ["clock 2009-06-05 10:11:12", "printer PRINTED", "tool DELV", "choose " + name, "press 1211",
+                                      "press 1212", "show"])
+        expect("last box", [last_of(lines, "box")[key] for key in ("title", "text")], ["SUCCESS", "PRINTING COMPLETE"])
+        expect("what is shown afterwards", last_of(lines, "changed")["controls"]["1214"]["text"], name)
+        expect("end", lines[-1], {"exit": 0})
+        printed = bytes_of(folder, "PRINTED")
+        expect("slips", printed.count(b"Auction Notice No.: " + name[-3:].encode()), slips)
+        expect("lines", printed.count(b"\r\n"), 18 * ((records + 1) // 2))
+
+
 def missing_printer_says_check_your_printer(desktop, folder):
     lines = run(desktop, folder, ["printer off", "tool PRNTRPT"] + LOAD + ["press 1015", "show"])
     box = last_of(lines, "box")
@@ -274,6 +295,7 @@ TESTS = [
     dialogs_belong_to_the_form_that_brought_them,
     letters_outside_windows_1252_are_refused_in_an_output_name,
     printer_receives_the_report,
+    printer_receives_delivery_slips_and_no_standard_output_is_needed,
     missing_printer_says_check_your_printer,
     full_printer_says_that_the_report_was_not_written,
     wide_names_reach_the_title,
