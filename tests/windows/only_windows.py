@@ -227,7 +227,7 @@ def printer_receives_the_report(desktop, folder):
 
 
 def printer_receives_delivery_slips_and_no_standard_output_is_needed(desktop, folder):
-    # The program has no standard output here, where the text that there are no deliveries would go.
+    # The driver hands the program no standard output, where the text that there are no deliveries would go.
     shutil.copy(os.path.join(folder, "export", "DELY0101.215"), os.path.join(folder, "DELY0101.215"))
     with open(os.path.join(folder, "DELY0101.215"), "rb") as file:
         whole = file.read()
