@@ -12,6 +12,7 @@ FORMS = {
     "trades": ["TR*", "STR*", "TO*", "CT*"],
     "net_position": ["TR*", "CT*"],
     "slb_position": ["STR*"],
+    "kesto_net_position": ["CT*"],
     "broker_query": ["B[Rrb]*", "BB*", "CB*"],
     "touchlines": ["*.SAV", "*.SSAV"],
     "auction": ["MONY*", "DELY*", "OFFS*", "CLBD*", "ENTL*"],
@@ -23,6 +24,9 @@ FORMS = {
     "order_log": ["OR*.LOG", "SOR*.LOG", "BO*.BIN", "SBO*.BIN"],
     "quote_log": ["QO*.LOG"],
 }
+# The Kesto form has a list of kinds: the item by its place in the list, and the samples that it can load
+KESTO = {0: ["CT*", "SCT*"], 1: ["*.VQT"], 2: ["CT250509.B01", "CB*"], 3: ["CB*", "SBB*"], 4: ["K*.DAT", "SK*.DAT"],
+         5: ["K*.TRD", "K*.TSL", "K*.STRD"]}
 # What stands at the end of an input, last byte first: name, pressed (4 bytes), answers, lines, fault kind and number, moves.
 CHOICES = [
     bytes(10),
@@ -36,6 +40,13 @@ for target, patterns in FORMS.items():
     for sample in sorted({p for pattern in patterns for p in SAMPLES.glob(pattern)}):
         for number, choices in enumerate(CHOICES):
             (folder / f"{sample.name}.{number}").write_bytes(sample.read_bytes()[:KEPT] + choices)
+
+folder = ROOT / "fuzz" / "corpus" / "kesto"
+folder.mkdir(parents=True, exist_ok=True)
+for kind, patterns in KESTO.items():
+    for sample in sorted({p for pattern in patterns for p in SAMPLES.glob(pattern)}):
+        for number, choices in enumerate(CHOICES):
+            (folder / f"{sample.name}.{kind}.{number}").write_bytes(sample.read_bytes()[:KEPT] + bytes([kind]) + choices)
 
 commands = ROOT / "fuzz" / "corpus" / "commands"
 commands.mkdir(parents=True, exist_ok=True)

@@ -59,6 +59,7 @@ int wholeRun(const FormUnderTest& form, const std::uint8_t* bytes, std::size_t s
   const unsigned faultKind = data.ConsumeIntegral<std::uint8_t>();
   const unsigned faultNumber = data.ConsumeIntegral<std::uint8_t>();
   const unsigned moves = data.ConsumeIntegral<std::uint8_t>();
+  const std::size_t kind = form.kinds.empty() ? 0 : data.ConsumeIntegralInRange<std::size_t>(0, form.kinds.size() - 1);
   static constexpr const char* faults[] = {"memory", "open", "create", "seek", "tell", "rewind", "read", "write", "close"};
 
   commands += "clock 2009-05-22 10:11:12\n";
@@ -70,6 +71,7 @@ int wholeRun(const FormUnderTest& form, const std::uint8_t* bytes, std::size_t s
   commands += std::string("tool ") + form.resource + "\n";
   for (int i = 0; i < 4; ++i) commands += (answers >> i) & 1 ? "answer no\n" : "answer yes\n";
   commands += "choose " + name + "\n";
+  if (form.kindList) commands += "pick " + std::to_string(form.kindList) + " " + form.kinds[kind] + "\n";
   // Some options before the load, all of them after it.
   for (std::size_t i = 0; i < form.choices.size(); ++i) {
     if ((pressed >> i) & 1 && moves & 2) commands += press(form.choices[i]);
@@ -85,6 +87,7 @@ int wholeRun(const FormUnderTest& form, const std::uint8_t* bytes, std::size_t s
   if (form.linesPerPage && lines) commands += "type " + std::to_string(form.linesPerPage) + " " + std::to_string(lines - 1) + "\n";
   if (moves & 16) commands += press(form.cancel);
   commands += press(form.print);
+  if (form.convert) commands += press(form.convert);
   if (moves & 32) commands += press(form.print);
   if (moves & 64) commands += "choose " + name + "\n" + press(form.load) + press(form.cancel);
   if (moves & 128) commands += "close\n";

@@ -20,6 +20,9 @@ struct FormUnderTest {
   int toFile = 0;                          // the radio "File"; 0: it prints to the printer alone
   std::span<const int> choices;            // radios and check boxes to press before Print
   std::span<const char* const> fileNames;  // names that mean different things to the form
+  int kindList = 0;                        // a list of kinds, of which one is picked ahead of the load; 0: none
+  std::span<const char* const> kinds = {};
+  int convert = 0;  // a button that is pressed after Print; 0: none
 };
 
 // Always 0, as libFuzzer wants it. Whatever goes wrong ends the process: a sanitizer's word, a block or a stream that the

@@ -129,6 +129,21 @@ def kesto(seed, date, count):
     return records
 
 
+def kestoOddLots(seed, date, count):
+    """Trades of the Kesto form: odd lots have transaction numbers of their own, from 10000000 on."""
+    chance = Chance(seed)
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        fields = common(chance, i, time, date, 70000)
+        del fields["cliTyp"]
+        oddLot = chance.below(6) == 0
+        fields.update(side=chance.of("TSMV"), tradeType="O" if oddLot else "L", trnId=(10000000 if oddLot else 0) + 70001 + 2 * i,
+                      trdId=4001 + i, rate=fields["rate"] * 100 // 50, days=chance.of((7, 14, 30)),
+                      settFyear="012/2009-2010")
+        records.append(kestoTrade(**fields))
+    return records
+
+
 def brokerQuery(chance, index, time, date, trn):
     """A broker query file holds the trades of all the member's traders."""
     fields = common(chance, index, time, date, trn)
@@ -182,6 +197,8 @@ def makeTradeFiles(folder):
     make("TR250509.B01", "V", "25/05/2009", normal144(4, "25/05/2009", 24, tradeTypes="LLLO", trn=200905250000000, settlement=39))
     make("STR250509.B01", "V", "25/05/2009", normal144(5, "25/05/2009", 16, sides="BL", trn=7000000, settlement=12))
     make("CT010109.B01", "B", "01/01/2009", kesto(6, "01/01/2009", 20))
+    make("CT250509.B01", "C", "25/05/2009", kestoOddLots(7, "25/05/2009", 24))
+    make("SCT250509.B01", "B", "25/05/2009", kestoOddLots(8, "25/05/2009", 12))
 
 
 def makeBrokerQueryFiles(folder):
@@ -193,6 +210,8 @@ def makeBrokerQueryFiles(folder):
     make("BR250509.BIN", "V", "25/05/2009", broker160s(13, "25/05/2009", 24, "LLLTO", 200905250000000, 39))
     make("BR250509.SBIN", "V", "25/05/2009", broker160s(14, "25/05/2009", 16, "L", 7000000, 12))
     make("BB010109.BIN", "B", "01/01/2009", kestoBrokers(15, "01/01/2009", 20))
+    make("CB250509.BIN", "C", "25/05/2009", kestoBrokers(16, "25/05/2009", 24))
+    make("SBB250509.BIN", "B", "25/05/2009", kestoBrokers(17, "25/05/2009", 12))
 
 
 def scripsOfTheDay(chance, count):
@@ -230,6 +249,22 @@ def kestoTouchlines(seed, count):
     return found
 
 
+def kestoDayTouchlines(seed, count):
+    """The quotes of the Kesto form's own touchlines: each scrip for one number of days, some before the market opened ("BC")."""
+    chance = Chance(seed)
+    found = []
+    for code, symbol, price in scripsOfTheDay(chance, count):
+        rate = 5000 + 10 * (price // 100)
+        lends, borrows = chance.below(5) > 0, chance.below(5) > 0
+        lend = [rate, 100 * (1 + chance.below(90)), 40000 + chance.below(30000)] if lends else [0, 0, 0]
+        borrow = [rate + 50, 100 * (1 + chance.below(90)), 45000 + chance.below(30000)] if borrows else [0, 0, 0]
+        traded = chance.below(6) > 0
+        found.append(delimited(symbol, code, *lend, *borrow, rate + 20, rate + 10 if traded else 0,
+                               100 * chance.below(50) if traded else 0, chance.of(("OP", "OP", "OP", "BC")),
+                               chance.of((7, 14, 30))))
+    return found
+
+
 def makeTouchlineFiles(folder):
     def make(name, title, *found):
         write(os.path.join(folder, name), lines(title, *found))
@@ -238,6 +273,8 @@ def makeTouchlineFiles(folder):
     make("TL250509.SSAV", "As on : 25/05/09|10:30:00|SLB|", *touchlines(22, 16))
     make("KT010109.SAV", "01/01/2009|10:30:00|KESTO|", *kestoTouchlines(23, 60))
     make("KT250509.SSAV", "25/05/2009|10:30:00|KESTO|", *kestoTouchlines(24, 16))
+    make("VQ010109.VQT", "01/01/2009|10:30:00|KESTO|", *kestoDayTouchlines(25, 60))
+    make("SVQ250509.VQT", "25/05/2009|10:30:00|KESTO|", *kestoDayTouchlines(26, 16))
 
 
 TRADERS = ("ANAND", "BHARATI", "CHARU", "DINESH", "ESHA", "FAROKH", "GITA", "HARISH", "ILA", "JAYANT", "KIRAN", "LATA")
@@ -465,6 +502,8 @@ def makeAdminLogFiles(folder):
 
     make("Ad010109.adl", "01/01/2009", adminTraders(41, 12), adminScrips(42, 30), adminGroups(43, 8), adminActivities(44, 10))
     make("SAd250509.adl", "25/05/2009", adminTraders(45, 6), adminScrips(46, 9), [], adminActivities(47, 4))
+
+
 def breakups(seed, count):
     """One line a scrip: figures of four client types, their totals, the net position and the gross figures."""
     chance = Chance(seed)
@@ -488,6 +527,27 @@ def kestoBreakups(seed, count):
         groups = [delimited(kind + 2, *block) for kind, block in enumerate(blocks)]
         last = delimited(lm + lf, lm, bm + bf, bm, lf, bf, lm + lf - bm - bf, 0, lm + lf, bm + bf)
         found.append(delimited(code) + "\t\t\t\t\t\t     ".join(groups + [last]))
+    return found
+
+
+def kestoDayBreakups(seed, count):
+    """One line a scrip: five days with two client types each, then the totals of the scrip."""
+    chance = Chance(seed)
+    found = []
+    for code, _, _ in scripsOfTheDay(chance, count):
+        numbers, lend, borrow, lendFirm, borrowFirm = [code], 0, 0, 0, 0
+        for day in (1, 7, 14, 30, 90):
+            numbers += [day, 0, 0]
+            for clientType in (2, 3):
+                market = [chance.below(900), chance.below(900)]
+                firm = [chance.below(90), chance.below(90)]  # borrowed, lent
+                numbers += [clientType, *market, *firm]
+                lend, borrow = lend + market[0], borrow + market[1]
+                borrowFirm, lendFirm = borrowFirm + firm[0], lendFirm + firm[1]
+        grossLend, grossBorrow = lend + lendFirm, borrow + borrowFirm
+        numbers += [chance.below(500), lend, chance.below(500), borrow, borrowFirm, lendFirm, grossLend - grossBorrow, 0,
+                    grossLend, grossBorrow]
+        found.append(delimited(*numbers))
     return found
 
 
@@ -620,6 +680,11 @@ def makeOrderAndQuoteLogs(folder):
     make("QO250509.LOG", "Q", "25/05/2009", quotes(48, 30))
 
 
+def makeKestoBreakupFiles(folder):
+    for name, seed, count in (("KB010109.DAT", 41, 8), ("SKB250509.DAT", 42, 4)):
+        write(os.path.join(folder, name), lines(*kestoDayBreakups(seed, count)))
+
+
 if __name__ == "__main__":
     folder = sys.argv[1] if len(sys.argv) > 1 else os.path.join(HERE, "export")
     makeTradeFiles(folder)
@@ -631,3 +696,4 @@ if __name__ == "__main__":
     makeBreakupFiles(folder)
     make6A7AFiles(folder)
     makeOrderAndQuoteLogs(folder)
+    makeKestoBreakupFiles(folder)

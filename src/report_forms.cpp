@@ -8,8 +8,10 @@
 #include "market/sixa_sevena_form.h"
 #include "logs/order_log_form.h"
 #include "logs/quote_log_form.h"
+#include "kesto/kesto_form.h"
 #include "market/touchlines_form.h"
 #include "market/trader_limits_form.h"
+#include "position/kesto_net_position_form.h"
 #include "position/position_form.h"
 #include "trades/trades_form.h"
 
@@ -30,6 +32,8 @@ static constexpr FormEntry entries[] = {
     {"PRNTBRKUP", breakupFormEvent},
     {"PRNTORDLOG", orderLogFormEvent},
     {"PRNTQUOTELOG", quoteLogFormEvent},
+    {"PRNTNETPOS", kestoNetPositionFormEvent},
+    {"PRNTVQLS", kestoFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

@@ -59,6 +59,27 @@ def seam_refusals():
                 yield f"src/desktop/{header.name}: no {side}/{header.stem}.cpp: a reader must find both sides by the header's name"
 
 
-found = list(refusals()) + list(seam_refusals())
+def name_refusals():
+    """One name, one type: of two in different files the linker takes whichever it meets first, without a word."""
+    seen = {}
+    for path in SOURCES:
+        if path.relative_to(ROOT).parts[1:3] == ("desktop", "windows"):
+            continue  # never in one program with the scripted desktop's
+        unnamed = False
+        for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+            if line == "namespace {":
+                unnamed = True
+            elif line == "}  // namespace":
+                unnamed = False
+            match = None if unnamed else re.match(r"(?:struct|class|enum class|union) (\w+)(?: :[^;]*)? \{", line)
+            if not match:
+                continue
+            at = f"{path.relative_to(ROOT)}:{number}"
+            if match.group(1) in seen:
+                yield f"{at}: {match.group(1)} is a type of {seen[match.group(1)]} already: the linker would take one for the other"
+            seen.setdefault(match.group(1), at)
+
+
+found = list(refusals()) + list(name_refusals()) + list(seam_refusals())
 print("\n".join(found) if found else f"lint: {len(SOURCES)} files, nothing to say")
 sys.exit(1 if found else 0)

@@ -61,9 +61,15 @@ LimitsCount countKestoLimits(Input& input) {
 }
 
 bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t count) {
+  char line1[kestoTraderReadLimit];
+  (void)readPiece(input, line1, kestoTraderReadLimit);  // is known by now
+  const bool whole = !inputPieceFailed(input);
+  return readKestoTraderRecords(input, records, count) && whole;
+}
+
+bool readKestoTraderRecords(Input& input, KestoTraderLimit* records, std::size_t count) {
   char text[kestoTraderReadLimit];
-  (void)readPiece(input, text, kestoTraderReadLimit);  // line 1 is known by now
-  bool whole = !inputPieceFailed(input);
+  bool whole = true;
   for (std::size_t i = 0; i < count; ++i) {
     const LimitLineResult result = readPiece(input, text, kestoTraderReadLimit);
     if (result == LimitLineResult::end) break;
@@ -81,9 +87,15 @@ bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t 
 }
 
 bool readKestoScripLimits(Input& input, KestoScripLimit* records, std::size_t count) {
+  char line1[kestoScripReadLimit];
+  (void)readPiece(input, line1, kestoScripReadLimit);  // is known by now
+  const bool whole = !inputPieceFailed(input);
+  return readKestoScripRecords(input, records, count) && whole;
+}
+
+bool readKestoScripRecords(Input& input, KestoScripLimit* records, std::size_t count) {
   char text[kestoScripReadLimit];
-  (void)readPiece(input, text, kestoScripReadLimit);  // line 1 is known by now
-  bool whole = !inputPieceFailed(input);
+  bool whole = true;
   for (std::size_t i = 0; i < count; ++i) {
     const LimitLineResult result = readPiece(input, text, kestoScripReadLimit);
     if (result == LimitLineResult::end) break;

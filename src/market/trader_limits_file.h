@@ -97,5 +97,8 @@ LimitsCount countKestoLimits(Input& input);
 // and the rest is loaded.
 [[nodiscard]] bool readKestoTraderLimits(Input& input, KestoTraderLimit* records, std::size_t count);
 [[nodiscard]] bool readKestoScripLimits(Input& input, KestoScripLimit* records, std::size_t count);
+// The same where line 1 has been read already, in whatever pieces.
+[[nodiscard]] bool readKestoTraderRecords(Input& input, KestoTraderLimit* records, std::size_t count);
+[[nodiscard]] bool readKestoScripRecords(Input& input, KestoScripLimit* records, std::size_t count);
 
 }  // namespace quillon

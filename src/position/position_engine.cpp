@@ -6,6 +6,7 @@
 
 #include "desktop/memory.h"
 #include "frame/rounding.h"
+#include "position/position_groups.h"
 #include "text/in_order.h"
 #include "text/record_order.h"
 
@@ -141,9 +142,16 @@ static void offerText(TextSet& set, std::string_view text) {
   set.slots[slot] = static_cast<std::uint32_t>(set.texts.size());
 }
 
+static TextSet setOf(const std::vector<std::string>& texts) {
+  TextSet set;
+  for (const std::string& text : texts) offerText(set, text);
+  return set;
+}
+
 template <class Record>
-static PositionLists listsOf(const Record* records, std::size_t count) {
-  TextSet clients, scrips;
+static PositionLists listsOf(const Record* records, std::size_t count, const PositionLists& known = {}) {
+  TextSet clients = setOf(known.clients);
+  TextSet scrips = setOf(known.scrips);
   for (std::size_t i = 0; i < count; ++i) {
     if (positionExcludes(records[i].tradeType)) continue;
     offerText(clients, records[i].clientId.view());
@@ -160,11 +168,11 @@ PositionLists positionListsOf(const PositionFile& file) {
   return listsOf(static_cast<const TradeRec144*>(file.block), file.count);
 }
 
-// ---- The totals -------------------------------------------------------------------------------------------------------
-
-static std::int32_t wrappingSum(std::int32_t a, std::int32_t b) {
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
+PositionLists positionListsOf(std::span<const KestoTradeRec> records, const PositionLists& known) {
+  return listsOf(records.data(), records.size(), known);
 }
+
+// ---- The totals -------------------------------------------------------------------------------------------------------
 
 void positionAdd(NetPosRow& row, const TextField<12>& name, std::int32_t rate, std::int32_t qty, char side, bool kesto) {
   row.name = name;
@@ -194,37 +202,17 @@ struct Leg {
 
 }  // namespace
 
-static bool isSameName(const TextField<12>& a, const TextField<12>& b) {
-  return std::memcmp(a.bytes, b.bytes, sizeof a.bytes) == 0 || std::strncmp(a.bytes, b.bytes, sizeof a.bytes) == 0;
-}
-
-// Walks `count` legs in report order and calls add(row index, leg) for each that takes part. Names are compared with regard
-// to case. The row goes on only behind a leg that takes part: where the last leg of a group is excluded, the next group piles
-// up on the same row and under its own name, as it always has. Gives the number of rows to which anything was added.
-template <class LegAt, class Add>
-static std::size_t walkGroups(std::size_t count, LegAt legAt, Add add) {
-  std::size_t row = 0;
-  bool rowStarted = false;
-  for (std::size_t i = 0; i < count; ++i) {
-    const Leg leg = legAt(i);
-    if (positionExcludes(leg.tradeType)) continue;
-    add(row, leg);
-    const bool endsGroup = i + 1 == count || !isSameName(*leg.name, *legAt(i + 1).name);
-    if (endsGroup) ++row;
-    rowStarted = !endsGroup;
-  }
-  return row + (rowStarted ? 1 : 0);
-}
+static bool isSameGroup(const Leg& leg, const Leg& next) { return isSameName(*leg.name, *next.name); }
 
 // One row for each list entry and one more is the measure of the block; names that differ only in case share an entry but
 // not a row, so that a file which has them may need more.
 template <class LegAt>
 static bool totalGroups(std::size_t count, LegAt legAt, bool kesto, std::size_t listCount, PositionTotals& totals) {
-  const std::size_t needed = walkGroups(count, legAt, [](std::size_t, const Leg&) {});
+  const std::size_t needed = walkGroups(count, legAt, isSameGroup, [](std::size_t, const Leg&) {});
   const std::size_t size = std::max(listCount + 1, needed);
   totals.rows = static_cast<NetPosRow*>(memoryTake(size * sizeof(NetPosRow)));
   if (!totals.rows) return false;
-  totals.rowCount = walkGroups(count, legAt, [&totals, kesto](std::size_t row, const Leg& leg) {
+  totals.rowCount = walkGroups(count, legAt, isSameGroup, [&totals, kesto](std::size_t row, const Leg& leg) {
     positionAdd(totals.rows[row], *leg.name, leg.rate, leg.qty, leg.side, kesto);
   });
   return true;
@@ -329,9 +317,7 @@ std::int64_t positionAverageBuy(const NetPosRow& row) { return averageOf(row.buy
 
 std::int64_t positionAverageSell(const NetPosRow& row) { return averageOf(row.sellValue, row.sellQty); }
 
-std::int32_t positionNetQty(const NetPosRow& row) {
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(row.buyQty) - static_cast<std::uint32_t>(row.sellQty));
-}
+std::int32_t positionNetQty(const NetPosRow& row) { return wrappingDifference(row.buyQty, row.sellQty); }
 
 double positionNetValue(const NetPosRow& row) { return row.buyValue - row.sellValue; }
 

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,6 +59,8 @@ struct PositionLists {
   std::vector<std::string> scrips;
 };
 PositionLists positionListsOf(const PositionFile& file);
+// The same of Kesto records, on top of what `known` holds.
+PositionLists positionListsOf(std::span<const KestoTradeRec> records, const PositionLists& known);
 
 // ---- The totals -------------------------------------------------------------------------------------------------------
 

@@ -15,9 +15,9 @@ inline constexpr char pageEnd = 12;  // what ends a page on the printer
 
 inline constexpr std::string_view underscores =
     "_________________________________________________________________"
-    "_________________________________________________________________";
-static_assert(underscores.size() == 130);
-// `width` underscores, at most 130.
+    "__________________________________________________________________";
+static_assert(underscores.size() == 131);
+// `width` underscores, at most 131.
 constexpr std::string_view ruleOf(std::size_t width) { return underscores.substr(0, width); }
 
 // The heading of the clearing house for a lending-market file, otherwise of the exchange.

@@ -40,6 +40,11 @@ NOT_SHOWN_TABLES = {
 EXCEPTIONS = {
     ("src/brokerquery/broker_form.cpp", "Printing of NetPosition in Progress... Please Wait."):
         "stands on the Reply line between two steps with no box between them; BrokerForm's unit tests look there",
+    ("src/position/kesto_net_position_form.cpp", "File Not Loaded "): "Print is disabled for as long as nothing is loaded",
+    ("src/kesto/kesto_form.cpp", "Output File Can't Be Blank ,Please Name It And Reload The  File !!"):
+        "a name that is blank is refused when the options are captured, and none gets lost behind that",
+    ("src/kesto/kesto_form.cpp", "Error Opening Output File !!"):
+        "the load step ends earlier where it leaves no file",
 }
 
 SHOWING_CALLS = {"boxShow", "boxAsk", "showReply", "reportOnReplyAndBox", "formSetTitle", "failRun", "fail", "refuse", "tell",

@@ -142,9 +142,17 @@ def tooltip_shows_while_a_form_is_the_active_window(desktop, folder):
 
 
 def button_of_a_form_that_cannot_be_made_stays_checked(desktop, folder):
-    lines = run(desktop, folder, ["tool CONVERT", "tool CONVERT"])
-    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")], [("CONVERT", "Dialog Creation Failed")] * 2)
-    expect("check states", of_kind(lines, "tools"), [{"CONVERT": True}])
+    # In a copy of the program the form's resource has another name.
+    program = desktop.program
+    desktop.program = os.path.join(folder, "quillon.exe")
+    with open(desktop.program, "wb") as file:
+        file.write(bytes_of(program).replace(b"\4\0" + "DELV".encode("utf-16-le"), b"\4\0" + "DELW".encode("utf-16-le")))
+    try:
+        lines = run(desktop, folder, ["tool DELV", "tool DELV"])
+    finally:
+        desktop.program = program
+    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")], [("ERROR", "Error Creating Delivery Box")] * 2)
+    expect("check states", of_kind(lines, "tools"), [{"DELV": True}])
 
 
 def tab_order_is_reading_order(desktop, folder):
@@ -159,6 +167,20 @@ def escape_does_nothing(desktop, folder):
     expect("closings", of_kind(lines, "closed"), ["PRNTRPT"])  # at the end of the program
 
 
+def enter_presses_the_focused_button_or_the_default_one(desktop, folder):
+    # Load File is the default button of Touchlines, and after a load, when it is disabled, the focus is on Print.
+    lines = run(desktop, folder, ["printer off", "tool PRNTTLINE", "press 1067", "choose export/TL010109.SAV", "enter", "enter"])
+    expect("title of the dialog", last_of(lines, "files")["title"], "LOAD TOUCHLINE FILE")
+    expect("boxes", [box["text"] for box in of_kind(lines, "box")], ["Error In Opening Output File"])
+    # With the focus on an option, a default button that is disabled is not pressed.
+    lines = run(desktop, folder, ["tool PRNTTLINE", "choose export/TL010109.SAV", "press 1204", "press 1067", "enter"])
+    expect("open-file dialogs", len(of_kind(lines, "files")), 1)
+    expect("boxes", of_kind(lines, "box"), [])
+    # Trades has no default button. A click gives the focus, and Enter then presses the same button again.
+    lines = run(desktop, folder, ["tool PRNTRPT", "press 1016", "enter", "press 1015", "enter"])
+    expect("boxes", [box["text"] for box in of_kind(lines, "box")], ["The input file is required for processing."] * 2)
+
+
 def box_gives_the_focus_back_to_the_button_that_brought_it(desktop, folder):
     # Without a file the form stays as it stands: what Tab then moves from is the Print button.
     lines = run(desktop, folder, ["tool PRNTRPT", "press 1015", "tab"])
@@ -170,6 +192,12 @@ def refused_character_leaves_the_caret_where_it_was(desktop, folder):
     # The output name takes 12 characters. What comes after a refused 13th stands at the end of them, not at their front.
     lines = run(desktop, folder, ["tool PRNTRPT", "press 1011", "type 1013", "keys ABCDEFGHIJKLM<X", "show"])
     expect("output name", last_of(lines, "changed")["controls"]["1013"]["text"], "ABCDEFGHIJKX")
+
+
+def edit_of_digits_refuses_all_else_typed_or_pasted(desktop, folder):
+    lines = run(desktop, folder, ["tool AUCRPT", "type 1172", "keys 1a-2", "paste  3 x\u0663.4", "show", "paste none", "show"])
+    expect("lines per page", [changed["controls"]["1172"]["text"] for changed in of_kind(lines, "changed")
+                              if "1172" in changed.get("controls", {})][-2:], ["1234", "1234"])
 
 
 def access_keys_press_load_and_print(desktop, folder):
@@ -201,6 +229,14 @@ def close_messages_leave_a_load_alone(desktop, folder):
 def session_may_end_between_runs(desktop, folder):
     lines = run(desktop, folder, ["tool PRNTRPT"] + LOAD + ["press 1200", "session"])
     expect("session", of_kind(lines, "session"), [True])
+
+
+def open_file_dialog_begins_in_the_told_folder_wherever_the_user_was(desktop, folder):
+    os.mkdir(os.path.join(folder, "other"))
+    shutil.copy(os.path.join(folder, "export", TRADE_FILE), os.path.join(folder, "other", TRADE_FILE))
+    lines = run(desktop, folder, ["tool PRNTRPT"] + ["choose other/" + TRADE_FILE, "press 1199", "press 1200"] * 2 + LOAD)
+    expect("folders", [files["folder"] for files in of_kind(lines, "files")], ["export"] * 3)
+    expect("names that it begins with", [files.get("name") for files in of_kind(lines, "files")], [None] * 3)
 
 
 def dialogs_belong_to_the_form_that_brought_them(desktop, folder):
@@ -286,12 +322,15 @@ TESTS = [
     button_of_a_form_that_cannot_be_made_stays_checked,
     tab_order_is_reading_order,
     escape_does_nothing,
+    enter_presses_the_focused_button_or_the_default_one,
     box_gives_the_focus_back_to_the_button_that_brought_it,
     refused_character_leaves_the_caret_where_it_was,
+    edit_of_digits_refuses_all_else_typed_or_pasted,
     access_keys_press_load_and_print,
     close_messages_leave_a_run_alone_and_the_session_waits,
     close_messages_leave_a_load_alone,
     session_may_end_between_runs,
+    open_file_dialog_begins_in_the_told_folder_wherever_the_user_was,
     dialogs_belong_to_the_form_that_brought_them,
     letters_outside_windows_1252_are_refused_in_an_output_name,
     printer_receives_the_report,

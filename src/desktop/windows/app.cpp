@@ -128,9 +128,19 @@ bool appCreateWindow(const AppWindow& window, const AppHandler& handler) {
 
 // ---- The loop and the end ----------------------------------------------------------------------------------------------
 
+// Enter presses the button that has the focus, however it came there. The dialog manager looks at how the button is drawn,
+// and a click need not change that.
+static bool isPressOfFocusedButton(HWND form, const MSG& message) {
+  if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
+  if (!IsChild(form, message.hwnd) || !windowsIsPushButton(message.hwnd)) return false;
+  SendMessageW(form, WM_COMMAND, static_cast<WPARAM>(MAKELONG(GetDlgCtrlID(message.hwnd), BN_CLICKED)),
+               reinterpret_cast<LPARAM>(message.hwnd));
+  return true;
+}
+
 static bool takenByForm(MSG& message) {
   for (const FormHandle form : state.handler.openForms()) {
-    if (form && IsDialogMessageW(windowsOf(form), &message)) return true;
+    if (form && (isPressOfFocusedButton(windowsOf(form), message) || IsDialogMessageW(windowsOf(form), &message))) return true;
   }
   return false;
 }

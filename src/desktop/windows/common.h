@@ -13,7 +13,8 @@ namespace quillon {
 HINSTANCE windowsInstance();
 HWND windowsMainWindow();  // null until it is made
 void windowsSetMainWindow(HWND window);
-HWND windowsOf(FormHandle form);       // null for a null handle
+HWND windowsOf(FormHandle form);  // null for a null handle
+bool windowsIsPushButton(HWND control);
 HWND windowsOwnerOf(FormHandle form);  // the form's window, or the main window for a null handle
 
 // While one stands around a box or a dialog, neither the main window nor any form takes input: a run blocks the whole program

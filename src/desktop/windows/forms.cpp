@@ -6,6 +6,11 @@
 
 #include "desktop/windows/common.h"
 
+// After <windows.h>, which common.h brings.
+// clang-format off
+#include <commctrl.h>
+// clang-format on
+
 namespace quillon {
 
 struct FormWindow {
@@ -63,17 +68,23 @@ static bool isKind(HWND control, const wchar_t* windowClass) {
   return lstrcmpiW(name, windowClass) == 0;
 }
 
-static bool isPushButton(HWND button) {
+bool windowsIsPushButton(HWND button) {
+  if (!isKind(button, L"Button")) return false;
   const LONG_PTR type = GetWindowLongPtrW(button, GWL_STYLE) & BS_TYPEMASK;
   return type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON;
 }
 
-// Enter arrives here as the press of the focused or the default button. Where a form has none, it comes without a control and
-// does nothing; so does Escape.
+static bool canBePressed(HWND button) {
+  return IsWindowEnabled(button) && (GetWindowLongPtrW(button, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+// Enter arrives here as the press of the focused or the default button, even of one that cannot be pressed. Where a form has
+// none, it comes without a control and does nothing; so does Escape.
 static void onCommand(FormWindow* form, int control, int code, HWND window) {
   if (!window) return;
   if (isKind(window, L"Button")) {
-    if (code == BN_CLICKED && !state.settingFocus) sendAsWork(form, FormEventKind::press, control, isPushButton(window));
+    if (code == BN_CLICKED && !state.settingFocus && canBePressed(window))
+      sendAsWork(form, FormEventKind::press, control, windowsIsPushButton(window));
   } else if (isKind(window, L"Edit")) {
     if (code == EN_UPDATE) sendAsWork(form, FormEventKind::edit, control, false);
   } else if (isKind(window, L"ComboBox")) {
@@ -86,6 +97,59 @@ static bool closeIsEnabled(HWND window) {
   return (entry & (MF_GRAYED | MF_DISABLED)) == 0;
 }
 
+// ---- Edits that take digits only ---------------------------------------------------------------------------------------
+
+// What is on the clipboard, without all that is no digit.
+static std::wstring digitsOnClipboard(HWND window) {
+  std::wstring digits;
+  if (!OpenClipboard(window)) return digits;
+  if (const HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
+    const wchar_t* text = static_cast<const wchar_t*>(GlobalLock(block));
+    const std::size_t size = text ? GlobalSize(block) / sizeof(wchar_t) : 0;
+    for (std::size_t i = 0; i < size && text[i] != L'\0'; ++i) {
+      if (text[i] >= L'0' && text[i] <= L'9') digits += text[i];
+    }
+    GlobalUnlock(block);
+  }
+  CloseClipboard();
+  return digits;
+}
+
+// Windows sees to the keyboard. What is pasted it would take as it is.
+static LRESULT CALLBACK digitsProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id, DWORD_PTR) {
+  if (message == WM_PASTE) {
+    const std::wstring digits = digitsOnClipboard(window);
+    if (digits.empty())
+      MessageBeep(MB_OK);
+    else
+      SendMessageW(window, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(digits.c_str()));
+    return 0;
+  }
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, digitsProcedure, id);
+  return DefSubclassProc(window, message, wParam, lParam);
+}
+
+static void watchEdits(HWND form) {
+  for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    const bool digitsOnly = isKind(child, L"Edit") && (GetWindowLongPtrW(child, GWL_STYLE) & ES_NUMBER) != 0;
+    if (digitsOnly) SetWindowSubclass(child, digitsProcedure, 1, 0);
+  }
+}
+
+// ---- From its making to its end ----------------------------------------------------------------------------------------
+
+// On a small screen a form would otherwise open with its lower buttons out of reach.
+static void keepOnScreen(HWND window) {
+  RECT place = {};
+  MONITORINFO screen = {};
+  screen.cbSize = sizeof screen;
+  if (!GetWindowRect(window, &place) || !GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen)) return;
+  const RECT& room = screen.rcWork;
+  const int left = std::max(std::min(place.left, room.right - (place.right - place.left)), room.left);
+  const int top = std::max(std::min(place.top, room.bottom - (place.bottom - place.top)), room.top);
+  SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 static void takeOff(FormWindow* form) {
   std::erase(state.forms, form);
   delete form;
@@ -96,6 +160,8 @@ static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam
     FormWindow* form = reinterpret_cast<FormWindow*>(lParam);
     form->window = window;
     SetWindowLongPtrW(window, DWLP_USER, lParam);
+    watchEdits(window);
+    keepOnScreen(window);
     send(form, FormEventKind::start);
     return FALSE;  // the focus is where the form has put it
   }

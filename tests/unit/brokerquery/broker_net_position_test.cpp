@@ -36,12 +36,13 @@ const std::vector<KestoTrade> kestoTrades = {
 };
 
 template <typename Record>
-std::string netPosition(const std::vector<Record>& records, bool isLendingFile = false) {
+std::string netPosition(const std::vector<Record>& records, bool isLendingFile = false,
+                        const TradeHeader& fileHeader = header(25, 5, 2009)) {
   BrokerRecords sorted = inFileOrder(records);
   const RecordKey scripId = brokerSortKeys(sorted.layout, BrokerSort::scripId).first;
   const std::vector<std::uint32_t> order = orderOf(records, scripId, {KeyKind::none, 0, 0});
   sorted.order = order.data();
-  return reportOf([&](Output& out) { printBrokerNetPosition(out, sorted, header(25, 5, 2009), isLendingFile); });
+  return reportOf([&](Output& out) { printBrokerNetPosition(out, sorted, fileHeader, isLendingFile); });
 }
 
 TEST(BrokerNetPositionReport, normalFile) {
@@ -67,6 +68,15 @@ TEST(BrokerNetPositionReport, noRecordsGiveHeaderClosingRuleTotalAndFormFeed) {
   expectApproved("brokerquery/net_normal_empty.txt", netPosition(block<BrokerRec132>(std::vector<Trade>())));
   expectApproved("brokerquery/net_lending_empty.txt", netPosition(block<BrokerRec160>(std::vector<Trade>()), true));
   expectApproved("brokerquery/net_kesto_empty.txt", netPosition(block<KestoBrokerRec>(std::vector<KestoTrade>())));
+}
+
+// Of AB 2 bought at 1.05 and 345 sold at 0.07, of QRS 345 sold.
+TEST(BrokerNetPositionReport, valuesNarrowerThanTheirCellsAreAligned) {
+  const std::vector<Trade> narrow = {narrowBuy, ofScrip(narrowSell, "AB"), narrowSell};
+  expectApproved("brokerquery/net_normal_narrow_values.txt", netPosition(block<BrokerRec132>(narrow), false, narrowHeader()));
+  expectApproved("brokerquery/net_lending_narrow_values.txt", netPosition(block<BrokerRec160>(narrow), true, narrowHeader()));
+  expectApproved("brokerquery/net_kesto_narrow_values.txt",
+                 netPosition(block<KestoBrokerRec>(narrowKestoTrades), false, narrowHeader()));
 }
 
 TEST(BrokerNetPositionReport, hundredsOfScripsStayOnOnePage) {

@@ -135,6 +135,25 @@ TEST(BrokerReport, valuesWiderThanTheirColumnsArePrintedWhole) {
                  listed(block<KestoBrokerRec>(wideKestoTrades), BrokerArrangement::kesto, 50));
 }
 
+TEST(BrokerReport, valuesNarrowerThanTheirCellsAreAligned) {
+  // A sell of a listed type, and one of another type on the second page.
+  Trade other = ofScrip(narrowSell, "XY");
+  other.tradeType = 'O';
+  other.trnId = 45;
+  other.trdId = 9;
+  const std::vector<Trade> trades = {narrowBuy, narrowSell, other};
+  for (const Named& named : normalArrangements) {
+    expectApproved(std::string("brokerquery/") + named.name + "_narrow_values.txt",
+                   listed(trades, named.arrangement, 2, narrowHeader()));
+  }
+  expectApproved("brokerquery/group_old_lending_narrow_values.txt",
+                 listed(trades, BrokerArrangement::groupOld, 2, narrowHeader(), true));
+  const std::vector<KestoBrokerRec> kesto = block<KestoBrokerRec>(narrowKestoTrades);
+  expectApproved("brokerquery/kesto_narrow_values.txt", listed(kesto, BrokerArrangement::kesto, 2, narrowHeader()));
+  expectApproved("brokerquery/kesto_lending_narrow_values.txt",
+                 listed(kesto, BrokerArrangement::kesto, 2, narrowHeader(), true));
+}
+
 TEST(BrokerReport, noRecordsGiveHeaderClosingRuleAndFormFeed) {
   for (const Named& named : normalArrangements) {
     expectApproved(std::string("brokerquery/") + named.name + "_empty.txt",

@@ -44,6 +44,29 @@ struct KestoTrade {
   std::int32_t trdId;
 };
 
+// Numbers and texts narrower than their cells, wherever a cell can be wider than its value: a cell that changed its width or
+// its alignment shows on a page of these.
+inline constexpr Trade narrowBuy = {3, 7, "AB", 105, 2, "9:05:03", "C", 6, 'L', 'B', 8, "FI", "03/04/2009 9:04:01", "A", 9, 8};
+inline constexpr Trade narrowSell = {1,    21, "QRS", 7, 345, "9:06:17", "R2", 198, 'T', 'S', 12, "OWN", "03/04/2009 9:05:59",
+                                     "B1", 12, 345};
+inline constexpr KestoTrade narrowLend = {3, 7, "AB", 10500, 2, 4, 5, "9:05:03", "C", 'S', 8};
+inline constexpr KestoTrade narrowBorrow = {1, 21, "QRS", 700, 345, 31, 2, "9:06:17", "R2", 'M', 12};
+
+template <typename Row>
+Row ofScrip(Row trade, std::string_view scripId) {
+  trade.scripId = scripId;
+  return trade;
+}
+
+inline KestoTrade ofLeg(KestoTrade trade, char legCode) {
+  trade.legCode = legCode;
+  return trade;
+}
+
+// Two lenders and two borrowers of two scrips.
+inline const std::vector<KestoTrade> narrowKestoTrades = {narrowLend, narrowBorrow, ofLeg(ofScrip(narrowLend, "QRS"), 'T'),
+                                                          ofLeg(ofScrip(narrowBorrow, "AB"), 'V')};
+
 inline void fill(const Trade& trade, BrokerRec132& record) {
   record.traderNo = trade.traderNo;
   record.scripCode = trade.scripCode;
@@ -126,6 +149,17 @@ inline TradeHeader header(std::int16_t day, std::int16_t month, std::int16_t yea
   header.month = month;
   header.century = static_cast<std::int16_t>(year / 100);
   header.year = static_cast<std::int16_t>(year % 100);
+  return header;
+}
+
+// Every number of one digit.
+inline TradeHeader narrowHeader() {
+  TradeHeader header = {};
+  header.memberId = 5;
+  header.day = 3;
+  header.month = 4;
+  header.century = 9;
+  header.year = 5;
   return header;
 }
 

@@ -203,6 +203,48 @@ TEST(TouchlineFile, anOverlongKestoLineTakesNoOtherScripsRecord) {
   EXPECT_TRUE(file.whole);
 }
 
+// A line is read in pieces of 89 characters, its line feed among them: up to there it is read whole. Of a longer one that
+// counts once the rest is passed over, so that the next scrip keeps its record.
+TEST(TouchlineFile, aKestoLineOfAbout89CharactersIsOneRecordOfItsFirst89) {
+  struct Case {
+    std::size_t size;  // without the line feed
+    bool lineFeed;
+    std::size_t passOver;
+    std::int32_t volume;
+  };
+  // 88 characters and a line feed are just one piece; of 89 the line feed alone is left over.
+  const Case cases[] = {
+      {88, false, 0, 12345678},  {88, true, 0, 12345678},  {89, false, 0, 123456789}, {89, true, 1, 123456789},
+      {90, false, 1, 123456789}, {90, true, 1, 123456789}, {91, false, 1, 123456789}, {91, true, 1, 123456789},
+      {92, false, 1, 123456789}, {92, true, 1, 123456789},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::to_string(c.size) + (c.lineFeed ? " and a line feed" : ""));
+    // The digits of the traded volume begin at the 81st character.
+    std::string line = "LONG|1|2|3|4|5|6|7|8|9|";
+    line.append(80 - line.size(), ' ');
+    line.append("123456789012", c.size - 80);
+    ASSERT_EQ(line.size(), c.size);
+    std::vector<std::string> ids = {"FIRST", "LONG"};
+    std::string bytes = kestoHeader + "FIRST|1|\n" + line;
+    if (c.lineFeed) {
+      // First as the file's last line, then with another one behind it.
+      bytes += "\n";
+      const KestoFile last = readKesto(bytes);
+      EXPECT_EQ(last.count.passOver, c.passOver);
+      EXPECT_EQ(idsOf(last.records), ids);
+      EXPECT_EQ(last.records[1].tradedVolume, c.volume);
+      bytes += "NEXT|2|\n";
+      ids.push_back("NEXT");
+    }
+    const KestoFile file = readKesto(bytes);
+    EXPECT_EQ(file.count.pieces, ids.size() + 1);
+    EXPECT_EQ(file.count.passOver, c.passOver);
+    EXPECT_EQ(idsOf(file.records), ids);
+    EXPECT_EQ(file.records[1].tradedVolume, c.volume);
+  }
+}
+
 TEST(TouchlineFile, aKestoLineThatCountsTwiceIsTwoRecords) {
   std::string line = kestoLine("LONG", 89) + "TAIL|77|";
   line.resize(130, 'x');

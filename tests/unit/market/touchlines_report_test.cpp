@@ -44,18 +44,20 @@ std::vector<std::uint32_t> inFileOrder(std::size_t count) {
 }
 
 std::string normalReport(const std::vector<NormalTouchline>& records, const std::vector<std::uint32_t>& order,
-                         const TouchlinesOptions& options) {
+                         const TouchlinesOptions& options,
+                         const TouchlineHeader& line1 = header("As on : 01/01/2009", "10:30:00", "NORMAL")) {
   std::string text;
   Output* out = outputToMemory(&text);
-  writeNormalTouchlines(*out, header("As on : 01/01/2009", "10:30:00", "NORMAL"), records.data(), order, options);
+  writeNormalTouchlines(*out, line1, records.data(), order, options);
   EXPECT_TRUE(outputClose(out));
   return text;
 }
 
-std::string kestoReport(const std::vector<KestoTouchline>& records, const TouchlinesOptions& options) {
+std::string kestoReport(const std::vector<KestoTouchline>& records, const TouchlinesOptions& options,
+                        const TouchlineHeader& line1 = header("01/01/09", "10:30:00", "KESTO")) {
   std::string text;
   Output* out = outputToMemory(&text);
-  writeKestoTouchlines(*out, header("01/01/09", "10:30:00", "KESTO"), records.data(), inFileOrder(records.size()), options);
+  writeKestoTouchlines(*out, line1, records.data(), inFileOrder(records.size()), options);
   EXPECT_TRUE(outputClose(out));
   return text;
 }
@@ -97,6 +99,25 @@ TEST(TouchlinesReport, kestoPagesWithBlankCellsAndWideValues) {
 
 TEST(TouchlinesReport, kestoLendingHeadingKeepsAllThreeTokens) {
   test::expectApproved("market/touchlines_kesto_lending.txt", kestoReport(kestoRows, {2, true}));
+}
+
+TEST(TouchlinesReport, valuesNarrowerThanTheirCellsAreAligned) {
+  const TouchlineHeader line1 = header("d1", "t2", "k3");
+  const std::vector<NormalTouchline> normalRecords = {
+      normal("AB", 7, 101, 202, 303, 404, 5, 606, 8),
+      normal("Q", 21, 0, -3, 11, 12, 13, 14, 0),
+      normal("XYZ", 345, 9, 8, 7, 6, 5, 4, 123),
+  };
+  const std::vector<KestoTouchline> kestoRecords = {
+      kesto("AB", 7, 101, 2, 33, 104, 5, 66, 107, 8, 9),
+      kesto("Q", 21, -1, -2, 0, 0, -5, 0, 0, 77, -9),
+      kesto("XYZ", 345, 11, 12, 13, 14, 15, 16, 17, 18, 19),
+  };
+  for (const bool lending : {false, true}) {
+    const std::string ending = lending ? "_lending_narrow_values.txt" : "_narrow_values.txt";
+    test::expectApproved("market/touchlines_normal" + ending, normalReport(normalRecords, inFileOrder(3), {2, lending}, line1));
+    test::expectApproved("market/touchlines_kesto" + ending, kestoReport(kestoRecords, {2, lending}, line1));
+  }
 }
 
 TEST(TouchlinesReport, rowsStandInTheOrderGiven) {

@@ -21,6 +21,14 @@ TraderLimitsHeader header() {
   return made;
 }
 
+TraderLimitsHeader narrowHeader() {
+  TraderLimitsHeader made = {};
+  made.brokerId = 5;
+  made.traderId = 7;
+  fieldSet(made.date, "3/4/09");
+  return made;
+}
+
 struct Layout {
   void (*begin)(LimitsReport&);
   void (*row)(LimitsReport&, std::span<const std::string_view>);
@@ -29,9 +37,9 @@ struct Layout {
 constexpr Layout traderwise = {traderwiseBegin, traderwiseRow, traderwiseEnd};
 constexpr Layout scripwise = {scripwiseBegin, scripwiseRow, scripwiseEnd};
 
-std::string normalReport(const Layout& layout, const std::vector<Tokens>& rows, const LimitsOptions& options) {
+std::string normalReport(const Layout& layout, const std::vector<Tokens>& rows, const LimitsOptions& options,
+                         const TraderLimitsHeader& line1 = header()) {
   std::string text;
-  const TraderLimitsHeader line1 = header();
   Output* out = outputToMemory(&text);
   LimitsReport report = {*out, line1, options, 0, 0};
   layout.begin(report);
@@ -68,6 +76,29 @@ const std::vector<Tokens> scripRows = {
     {},
 };
 
+// Every value narrower than its cell.
+const std::vector<Tokens> narrowOrdinaryRows = {
+    {"1", "AB", "y", "n", "o", "a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m", "p",
+     "21", "32", "43", "54", "65", "76", "87"},
+    {"22", "Q", "N", "Y", "N", "Y", "N", "Y", "N", "Y", "N", "Y", "N", "Y", "N", "Y", "N", "Y", "N",
+     "1", "2", "3", "4", "5", "6", "7"},
+    {"3", "XYZ", "q", "r", "s", "t", "u", "v", "w", "x", "y", "z", "a", "b", "c", "d", "e", "f", "g",
+     "9", "8", "7", "6", "5", "4", "3"},
+};
+const std::vector<Tokens> narrowLendingRows = {
+    {"1", "AB", "y", "n", "o", "a", "b", "c", "d", "e", "f", "g", "h",
+     "21", "32", "43", "54", "65", "76", "87"},
+    {"22", "Q", "N", "Y", "N", "Y", "N", "Y", "N", "Y", "N", "Y", "N",
+     "1", "2", "3", "4", "5", "6", "7"},
+    {"3", "XYZ", "q", "r", "s", "t", "u", "v", "w", "x", "y", "z", "a",
+     "9", "8", "7", "6", "5", "4", "3"},
+};
+const std::vector<Tokens> narrowScripRows = {
+    {"1", "7", "21", "32", "43"},
+    {"1", "8", "345", "5", "6"},
+    {"1", "9", "12", "3", "123"},
+};
+
 // clang-format on
 
 KestoTraderLimit trader(std::int32_t number, const char* name, std::uint32_t flags, std::int32_t lend, std::int32_t borrow) {
@@ -93,18 +124,20 @@ const std::vector<KestoScripLimit> kestoScrips = {
     scrip("DELTAFAB", 2147483647, 0, 0),
 };
 
-std::string kestoTraderReport(const std::vector<KestoTraderLimit>& records, const LimitsOptions& options) {
+std::string kestoTraderReport(const std::vector<KestoTraderLimit>& records, const LimitsOptions& options,
+                              const TraderLimitsHeader& line1 = header()) {
   std::string text;
   Output* out = outputToMemory(&text);
-  writeKestoTraderLimits(*out, header(), records, options);
+  writeKestoTraderLimits(*out, line1, records, options);
   EXPECT_TRUE(outputClose(out));
   return text;
 }
 
-std::string kestoScripReport(const std::vector<KestoScripLimit>& records, const LimitsOptions& options) {
+std::string kestoScripReport(const std::vector<KestoScripLimit>& records, const LimitsOptions& options,
+                             const TraderLimitsHeader& line1 = header()) {
   std::string text;
   Output* out = outputToMemory(&text);
-  writeKestoScripLimits(*out, header(), records, options);
+  writeKestoScripLimits(*out, line1, records, options);
   EXPECT_TRUE(outputClose(out));
   return text;
 }
@@ -141,6 +174,22 @@ TEST(TraderLimitsReport, kestoTraderwisePages) {
 TEST(TraderLimitsReport, kestoScripwisePages) {
   test::expectApproved("market/limits_kesto_scripwise.txt", kestoScripReport(kestoScrips, {2, false}));
   test::expectApproved("market/limits_kesto_scripwise_lending.txt", kestoScripReport(kestoScrips, {2, true}));
+}
+
+TEST(TraderLimitsReport, valuesNarrowerThanTheirCellsAreAligned) {
+  const TraderLimitsHeader line1 = narrowHeader();
+  const std::vector<KestoTraderLimit> traders = {trader(1, "AB", 0x600080C0, 21, 32), trader(2, "Q", 0, 3, 4),
+                                                 trader(3, "XYZ", 0x1FFFFFFF, 123, 45)};
+  const std::vector<KestoScripLimit> scrips = {scrip("AB", 7, 21, 32), scrip("Q", 21, 3, 4), scrip("XYZ", 345, 123, 45)};
+  for (const bool lending : {false, true}) {
+    const std::string ending = lending ? "_lending_narrow_values.txt" : "_narrow_values.txt";
+    const LimitsOptions options = {2, lending};
+    test::expectApproved("market/limits_traderwise" + ending,
+                         normalReport(traderwise, lending ? narrowLendingRows : narrowOrdinaryRows, options, line1));
+    test::expectApproved("market/limits_scripwise" + ending, normalReport(scripwise, narrowScripRows, options, line1));
+    test::expectApproved("market/limits_kesto_traderwise" + ending, kestoTraderReport(traders, options, line1));
+    test::expectApproved("market/limits_kesto_scripwise" + ending, kestoScripReport(scrips, options, line1));
+  }
 }
 
 TEST(TraderLimitsReport, aLineOfDelimitersIsARowWithNoCells) {

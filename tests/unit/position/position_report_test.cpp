@@ -19,12 +19,18 @@ struct ReportCase {
   const std::vector<Deal>& deals;
 };
 
-std::string reportOf(const ReportCase& c) {
+// What the user chose in the two lists.
+struct Selected {
+  const char* client;
+  const char* scrip;
+};
+
+std::string reportOf(const ReportCase& c, const TradeHeader& header, const Selected& selected) {
   const LoadedDeals loaded(c.letter, c.deals);
-  const Totalled result(loaded.file, c.report, "C1", "AXLE");
+  const Totalled result(loaded.file, c.report, selected.client, selected.scrip);
   const PositionPages pages = {.report = c.report,
-                               .header = loaded.file.header,
-                               .selected = c.report == PositionReport::clientScrip ? "C1" : "AXLE",
+                               .header = header,
+                               .selected = c.report == PositionReport::clientScrip ? selected.client : selected.scrip,
                                .isLendingFile = c.isLendingFile,
                                .linesPerPage = c.linesPerPage,
                                .words = c.tool.words};
@@ -34,6 +40,8 @@ std::string reportOf(const ReportCase& c) {
   EXPECT_TRUE(outputClose(out));
   return text;
 }
+
+std::string reportOf(const ReportCase& c) { return reportOf(c, dealHeader(c.letter), {"C1", "AXLE"}); }
 
 // Seven clients of AXLE and seven scrips of C1. Quantities beyond their columns, a negative value, a side that adds nothing,
 // only buys, only sells, a net quantity of 0, an average that is rounded up.
@@ -101,6 +109,62 @@ TEST(PositionReports, areAsApproved) {
   for (const ReportCase& c : cases) {
     SCOPED_TRACE(c.approved);
     expectApproved(std::string("position/") + c.approved + ".txt", reportOf(c));
+  }
+}
+
+// Every value narrower than its cell, so that a cell which changed its width or its alignment shows. Of C in AB 2 bought at
+// 1.05 and 31 sold at 0.07; in the lending market and in Kesto files the same borrowed and lent, lent and borrowed.
+const std::vector<Deal> narrowRows = {
+    {"C", "AB", 'B', 2, 105},  {"C", "AB", 'S', 31, 7}, {"C", "Q", 'S', 5, 209},
+    {"R2", "AB", 'S', 4, 305}, {"R2", "Q", 'B', 6, 1},
+};
+const std::vector<Deal> narrowKestoRows = {
+    {"C", "AB", 'T', 2, 10500},  {"C", "AB", 'M', 31, 700}, {"C", "Q", 'V', 5, 20900},
+    {"R2", "AB", 'V', 4, 30500}, {"R2", "Q", 'S', 6, 100},
+};
+
+// clang-format off
+const ReportCase narrowCases[] = {
+    {"net_11_narrow_values",         net, 'N', false, clientWise,  1, narrowRows},
+    {"net_22_narrow_values",         net, 'V', false, clientScrip, 1, narrowRows},
+    {"net_33_narrow_values",         net, 'N', false, scripClient, 1, narrowRows},
+    {"net_44_narrow_values",         net, 'V', false, scripWise,   1, narrowRows},
+    {"net_11_kesto_narrow_values",   net, 'B', false, clientWise,  1, narrowKestoRows},
+    {"net_22_kesto_narrow_values",   net, 'B', false, clientScrip, 1, narrowKestoRows},
+    {"net_33_kesto_narrow_values",   net, 'B', false, scripClient, 1, narrowKestoRows},
+    {"net_44_kesto_narrow_values",   net, 'B', false, scripWise,   1, narrowKestoRows},
+    {"net_11_lending_narrow_values", net, 'V', true,  clientWise,  1, narrowRows},
+    {"net_22_lending_narrow_values", net, 'V', true,  clientScrip, 1, narrowRows},
+    {"net_33_lending_narrow_values", net, 'V', true,  scripClient, 1, narrowRows},
+    {"net_44_lending_narrow_values", net, 'V', true,  scripWise,   1, narrowRows},
+    {"slb_11_narrow_values",         slb, 'V', false, clientWise,  1, narrowRows},
+    {"slb_22_narrow_values",         slb, 'V', false, clientScrip, 1, narrowRows},
+    {"slb_33_narrow_values",         slb, 'V', false, scripClient, 1, narrowRows},
+    {"slb_44_narrow_values",         slb, 'V', false, scripWise,   1, narrowRows},
+    {"slb_11_kesto_narrow_values",   slb, 'B', false, clientWise,  1, narrowKestoRows},
+    {"slb_22_kesto_narrow_values",   slb, 'B', false, clientScrip, 1, narrowKestoRows},
+    {"slb_33_kesto_narrow_values",   slb, 'B', false, scripClient, 1, narrowKestoRows},
+    {"slb_44_kesto_narrow_values",   slb, 'B', false, scripWise,   1, narrowKestoRows},
+    {"slb_11_lending_narrow_values", slb, 'V', true,  clientWise,  1, narrowRows},
+    {"slb_22_lending_narrow_values", slb, 'V', true,  clientScrip, 1, narrowRows},
+    {"slb_33_lending_narrow_values", slb, 'V', true,  scripClient, 1, narrowRows},
+    {"slb_44_lending_narrow_values", slb, 'V', true,  scripWise,   1, narrowRows},
+};
+// clang-format on
+
+TEST(PositionReports, valuesNarrowerThanTheirCellsAreAligned) {
+  for (const ReportCase& c : narrowCases) {
+    SCOPED_TRACE(c.approved);
+    TradeHeader header = dealHeader(c.letter);
+    header.memberId = 5;
+    header.day = 3;
+    header.month = 4;
+    header.century = 9;
+    header.year = 5;
+    header.hour = 9;
+    header.minute = 5;
+    header.second = 3;
+    expectApproved(std::string("position/") + c.approved + ".txt", reportOf(c, header, {"C", "AB"}));
   }
 }
 

@@ -99,4 +99,13 @@ TEST(KestoTradesReport, valuesWiderThanTheirColumnsPushRowOut) {
   approveKesto("trades/kesto_wide_values.txt", newReport('B'), {wide, withSide(wide, 'V')});
 }
 
+TEST(KestoTradesReport, valuesNarrowerThanTheirCellsAreAligned) {
+  const std::vector<Trade> trades = {asKestoTrade(narrowBuy, 'T'), asKestoTrade(narrowSell, 'M'),
+                                     asKestoTrade(oddLot(narrowSell), 'V'), asKestoTrade(narrowBuy, 'S')};
+  TradesReport report = narrowReport('B');
+  approveKesto("trades/kesto_narrow_values.txt", report, trades);
+  report.isLendingFile = true;
+  approveKesto("trades/kesto_lending_narrow_values.txt", report, trades);
+}
+
 }  // namespace quillon::test

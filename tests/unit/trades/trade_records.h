@@ -113,6 +113,71 @@ inline TradesReport oldReport(char fileKind) {
   return report;
 }
 
+// Numbers and texts narrower than their cells, wherever a cell can be wider than its value: a cell that changed its width or
+// its alignment shows on a page of these.
+inline const Trade narrowBuy = {.scripCode = 7,
+                                .scripId = "AB",
+                                .trdId = 3,
+                                .rate = 105,
+                                .qty = 2,
+                                .brokerId = 4,
+                                .traderId = 5,
+                                .time = "9:05:03",
+                                .clientId = "C",
+                                .trnId = 6,
+                                .cliTyp = "FI",
+                                .orderTimeStamp = "03/04/2009 9:04:01",
+                                .scGr = "A",
+                                .settlementYear = 9,
+                                .settlementNo = 8};
+inline const Trade narrowSell = {.scripCode = 21,
+                                 .scripId = "QRS",
+                                 .trdId = 12,
+                                 .rate = 7,
+                                 .qty = 345,
+                                 .brokerId = 31,
+                                 .traderId = 2,
+                                 .time = "9:06:17",
+                                 .clientId = "R2",
+                                 .side = 'S',
+                                 .tradeType = 'T',
+                                 .trnId = 198,
+                                 .cliTyp = "OWN",
+                                 .orderTimeStamp = "03/04/2009 9:05:59",
+                                 .scGr = "B1",
+                                 .settlementYear = 12,
+                                 .settlementNo = 345};
+
+inline Trade oddLot(Trade trade) {
+  trade.tradeType = 'O';
+  return trade;
+}
+
+// A trade of a Kesto file, the rate in its ten-thousandths.
+inline Trade asKestoTrade(Trade trade, char side) {
+  trade.side = side;
+  trade.rate *= 100;
+  return trade;
+}
+
+// Two records a page, and every number of the header of one digit.
+inline TradesReport narrowReport(char fileKind) {
+  TradesReport report = newReport(fileKind);
+  report.header = {.fileKind = fileKind,
+                   .kind = 'T',
+                   .memberId = 5,
+                   .traderId = 7,
+                   .day = 3,
+                   .month = 4,
+                   .century = 9,
+                   .year = 5,
+                   .hour = 9,
+                   .minute = 5,
+                   .second = 3};
+  report.linesPerPage = 2;
+  return report;
+}
+
 template <typename Record, typename Print>
 std::string printed(TradesReport& report, const std::vector<Trade>& trades, Print print) {
   const std::vector<Record> records = recordsOf<Record>(trades);

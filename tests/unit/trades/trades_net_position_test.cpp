@@ -92,6 +92,24 @@ TEST(TradesNetPosition, lendingFileHasSixColumns) {
                                                                   trade("BOLT", 'S', 5, 200)}));
 }
 
+// Of AB 2 bought at 1.05 and 345 sold at 0.07, of QRS 345 sold at 0.07.
+static Trade ofScrip(Trade trade, const char* scripId) {
+  trade.scripId = scripId;
+  return trade;
+}
+static const std::vector<Trade> narrowScrips = {narrowBuy, ofScrip(narrowSell, "AB"), narrowSell};
+
+TEST(TradesNetPosition, valuesNarrowerThanTheirCellsAreAligned) {
+  TradesReport report = narrowReport('V');
+  report.page = 3;
+  expectApproved("trades/netpos_narrow_values.txt", section144(report, narrowScrips));
+  report.oddLotOption = true;
+  expectApproved("trades/netpos_odd_lot_narrow_values.txt", section144(report, narrowScrips));
+  report.oddLotOption = false;
+  report.isLendingFile = true;
+  expectApproved("trades/netpos_lending_narrow_values.txt", section144(report, narrowScrips));
+}
+
 TEST(TradesNetPosition, onlyBuysShowNoSellRateAndBreakEvenOfNetValueOverQuantity) {
   const std::vector<std::string> cells =
       cellsOf(section132(newReport('N'), {trade("AXLE", 'B', 10, 10000), trade("AXLE", 'B', 30, 10400)}), "AXLE");
@@ -175,6 +193,16 @@ TEST(KestoNetPosition, oddLotOptionAddsNoteAndLeavesHeading) {
   report.oddLotOption = true;
   report.isLendingFile = true;
   expectApproved("trades/netpos_kesto_odd_lot.txt", sectionKesto(report, {trade("AXLE", 'S', 7, 123456, 'O')}));
+}
+
+TEST(KestoNetPosition, valuesNarrowerThanTheirCellsAreAligned) {
+  const std::vector<Trade> trades = {asKestoTrade(narrowBuy, 'T'), asKestoTrade(ofScrip(narrowSell, "AB"), 'M'),
+                                     asKestoTrade(narrowSell, 'V'), asKestoTrade(ofScrip(narrowBuy, "QRS"), 'S')};
+  TradesReport report = narrowReport('B');
+  expectApproved("trades/netpos_kesto_narrow_values.txt", sectionKesto(report, trades));
+  report.oddLotOption = true;
+  report.isLendingFile = true;
+  expectApproved("trades/netpos_kesto_odd_lot_narrow_values.txt", sectionKesto(report, trades));
 }
 
 TEST(KestoNetPosition, pageIsAlways1) {

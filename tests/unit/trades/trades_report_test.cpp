@@ -81,6 +81,17 @@ TEST(TradesReport132, valuesWiderThanTheirColumnsPushRowOut) {
   approve132("trades/list132_wide_values.txt", newReport('N'), {wide, soldAs(wide), {.rate = -5, .qty = -1, .trnId = -1}});
 }
 
+TEST(TradesReport132, valuesNarrowerThanTheirCellsAreAligned) {
+  const std::vector<Trade> trades = {narrowBuy, narrowSell, narrowBuy};
+  approve132("trades/list132_narrow_values.txt", narrowReport('N'), trades);
+  TradesReport old = narrowReport('N');
+  old.preCutover = true;
+  approve132("trades/list132_before_cutover_narrow_values.txt", old, trades);
+  TradesReport odd = narrowReport('N');
+  odd.oddLotOption = true;
+  approve132("trades/list132_odd_lot_narrow_values.txt", odd, {oddLot(narrowBuy), oddLot(narrowSell), oddLot(narrowBuy)});
+}
+
 TEST(TradesReport132, pageJustFullHasNoSecondHeader) {
   TradesReport report = newReport('N');
   report.linesPerPage = 3;
@@ -197,6 +208,37 @@ TEST(TradesReport144, valuesWiderThanTheirColumnsPushRowOut) {
   TradesReport report = newReport('V');
   report.shortColumns = false;
   approve144("trades/list144_wide_values.txt", report, {wide, soldAs(wide)});
+}
+
+TEST(TradesReport144, valuesNarrowerThanTheirCellsAreAligned) {
+  struct Case {
+    const char* approved;
+    bool shortColumns;
+    bool preCutover;
+    bool isLendingFile;
+  };
+  static constexpr Case cases[] = {
+      {"trades/list144_form_a_narrow_values.txt", true, true, false},
+      {"trades/list144_form_b_narrow_values.txt", true, false, false},
+      {"trades/list144_form_c_narrow_values.txt", false, true, false},
+      {"trades/list144_form_d_narrow_values.txt", false, false, false},
+      {"trades/list144_lending_narrow_values.txt", false, false, true},
+  };
+  for (const Case& c : cases) {
+    TradesReport report = narrowReport('V');
+    report.shortColumns = c.shortColumns;
+    report.preCutover = c.preCutover;
+    report.isLendingFile = c.isLendingFile;
+    approve144(c.approved, report, {narrowBuy, narrowSell, narrowBuy});
+  }
+}
+
+TEST(TradesReport144, oddLotValuesNarrowerThanTheirCellsAreAligned) {
+  TradesReport report = narrowReport('V');
+  report.oddLotOption = true;
+  approve144("trades/list144_odd_lot_short_narrow_values.txt", report, {oddLot(narrowBuy), oddLot(narrowSell), narrowBuy});
+  report.shortColumns = false;
+  approve144("trades/list144_odd_lot_wide_narrow_values.txt", report, {oddLot(narrowBuy), oddLot(narrowSell), narrowSell});
 }
 
 TEST(TradesReport144, pageOf50RecordsHolds200LinesOfRows) {

@@ -74,6 +74,23 @@ static FormRun slbPosition(const char* name, const char* sample, int option) {
   return run;
 }
 
+// What is told of a block depends on the view and on the step; in most it is that the run was cancelled.
+static FormRun kestoNetPosition(const char* name, const char* sample, int option, const char* memory) {
+  FormRun run = netPosition(name, sample, option);
+  run.form = "PRNTNETPOS";
+  run.load = IDC_KNETPOS_LOAD;
+  run.print = IDC_KNETPOS_PRINT;
+  run.cancel = IDC_KNETPOS_CANCEL;
+  run.file = IDC_KNETPOS_FILE;
+  run.outFile = IDC_KNETPOS_OUTFILE;
+  run.memory = memory;
+  run.open = "";  // told at the load, and as a cancelled run at Print
+  run.tell = "Error In Calculating No Of Records";
+  run.read = "File cannot be read";
+  run.reply = IDC_KNETPOS_REPLY;
+  return run;
+}
+
 static FormRun touchlines(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTTLINE",
@@ -229,6 +246,27 @@ static FormRun quoteLog(const char* name, const char* sample, std::vector<int> o
   return run;
 }
 
+static FormRun kesto(const char* name, const char* kind, const char* sample, std::vector<int> options, const char* memory,
+                     const char* seek) {
+  return {.name = name,
+          .form = "PRNTVQLS",
+          .sample = sample,
+          .load = IDC_KESTO_LOAD,
+          .print = IDC_KESTO_PRINT,
+          .cancel = IDC_KESTO_CANCEL,
+          .file = IDC_KESTO_FILE,
+          .outFile = IDC_KESTO_OUTFILE,
+          .options = std::move(options),
+          .memory = memory,
+          .open = "Error In Loading File !!",
+          .create = "Error In Opening Output File",
+          .seek = seek,
+          .tell = "Error In Calculating No Of Records",
+          .kindList = IDC_KESTO_KIND,
+          .kind = kind,
+          .read = "Error "};
+}
+
 const std::vector<FormRun>& allRuns() {
   static const std::vector<FormRun> runs = {
       trades("trades of 132 bytes with the net position", "TR010109.B01", {IDC_TRADES_NETPOS}),
@@ -240,6 +278,8 @@ const std::vector<FormRun>& allRuns() {
       netPosition("net position by scrip", "TR250509.B01", IDC_NETPOS_SCRIP),
       netPosition("net position of one client, Kesto", "CT010109.B01", IDC_NETPOS_CLIENT_SCRIP),
       slbPosition("lending position of one scrip", "STR250509.B01", IDC_SLB_SCRIP_CLIENT),
+      kestoNetPosition("Kesto net position by scrip", "CT010109.B01", IDC_KNETPOS_SCRIP, " Data : Memory Allocation Failure"),
+      kestoNetPosition("Kesto net position of one client", "CT010109.B01", IDC_KNETPOS_CLIENT_SCRIP, ""),
       brokerQuery("broker query of 132 bytes with the net position", "BR010109.BIN", {IDC_BRKQRY_NETPOS}),
       brokerQuery("broker query of 160 bytes before the cut-over", "BR210509.BIN", {IDC_BRKQRY_SORT_TRADER}),
       brokerQuery("broker query of 160 bytes after the cut-over", "BR250509.BIN", {IDC_BRKQRY_SORT_SCRIP_ID, IDC_BRKQRY_NETPOS}),
@@ -280,6 +320,18 @@ const std::vector<FormRun>& allRuns() {
       orderLog("client types rectified, lending market", "SOR250509.LOG", {IDC_ORDLOG_TYPE_RECTIFICATION}),
       orderLog("consolidated order log by scrip id", "BO250509.BIN", {IDC_ORDLOG_SORT_SCRIP_ID}),
       quoteLog("quote log by bidding client", "QO250509.LOG", {IDC_QUOTELOG_SORT_BID_CLIENT_ID}),
+      kesto("Kesto trades with the net position", "Trades Printing", "CT250509.B01", {IDC_KESTO_SORT_SCRIP_ID, IDC_KESTO_NETPOS},
+            "KESTO (R)Trades Data : Memory Allocation Failure", "Error In Calculating No Of Records"),
+      kesto("Kesto broker query of the lending market", "Broker Query Printing", "SBB250509.BIN", {IDC_KESTO_SORT_TRADER},
+            "KESTO (R) Broker Report Data : Memory Allocation Failure", "Error In Calculating No Of Records"),
+      kesto("Kesto touchlines by days", "TouchLines Printing", "SVQ250509.VQT", {IDC_KESTO_SORT_DAYS},
+            "KESTO Touchlines Data: Memory Allocation Failure!!", "fseek failed"),
+      kesto("Kesto breakup data", "BreakUp Data Printing", "KB010109.DAT", {},
+            "Kesto (R) BreakUp Report: Memory Allocation Failure", "fseek failed"),
+      kesto("Kesto trader limits by trader", "Traders Limit Printing", "KL010109.TRD", {},
+            "Trader Limits Data: Memory Allocation Failure", "fseek failed"),
+      kesto("Kesto trader limits by scrip", "Traders Limit Printing", "KS010109.TSL", {},
+            "Trader Limits Data: Memory Allocation Failure", "fseek failed"),
   };
   return runs;
 }
@@ -294,7 +346,8 @@ std::string loadAndPrint(const FormRun& run, const std::string& out) {
 
 std::string commandsOf(const FormRun& run, const std::string& out) {
   for (const std::string& name : run.beside) writeFile(name, sampleBytes(name));
-  return std::string("tool ") + run.form + "\n" + loadAndPrint(run, out);
+  const std::string pick = run.kindList ? "pick " + std::to_string(run.kindList) + " " + run.kind + "\n" : "";
+  return std::string("tool ") + run.form + "\n" + pick + loadAndPrint(run, out);
 }
 
 static struct {

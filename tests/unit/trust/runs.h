@@ -31,6 +31,13 @@ struct FormRun {
   // Of a form that ends the whole program with this message and status, so that no other run follows.
   std::string endsProgram = {};
   int endStatus = 0;
+  // Of a form with a list of kinds: the list, and the item that is picked ahead of the load.
+  int kindList = 0;
+  std::string kind = {};
+  // Of a form that tells most failures on its Reply line, some of them without a box: what is told of a read.
+  std::string read = {};
+  // Of a form that tells what is wrong with a file on its Reply line alone: that control.
+  int reply = 0;
 };
 
 const std::vector<FormRun>& allRuns();

@@ -19,6 +19,9 @@
 // A command is carried out on a thread of its own, by messages that come back only when the program has handled them: so its
 // end is known, and no time has to be guessed. Until then this thread watches for boxes and dialogs and answers them.
 //
+// Its jobs: program.h (the process and its windows), tools.h (which window is which form), views.h (what stands on the forms),
+// dialogs.h (boxes and open-file dialogs), pictures.h (icons on the screen), user.h (what a user does), and here the script.
+//
 // What it cannot do itself it asks of whoever started it: "?printer NAME" on standard output, then a line on standard input.
 
 #include <cstdio>
@@ -89,6 +92,8 @@ static void carryOutLine(const std::string& line) {
     type(*numberOf(first), widen(text));
   else if (word == "pick" && numberOf(first))
     pick(*numberOf(first), widen(text));
+  else if (word == "enter")
+    pressEnter();
   else if (word == "close")
     closeForm();
   else if (word == "quit")

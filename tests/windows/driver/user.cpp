@@ -132,10 +132,21 @@ void press(int id) {
   carryOut([control] { clickMiddle(control); });
 }
 
+// Where the edit takes some characters only, they are for the edit itself to refuse.
+static void typeOver(HWND edit, const std::wstring& text) {
+  carryOut([edit, &text] {
+    clickMiddle(edit);
+    send(edit, EM_SETSEL, 0, -1);
+    send(edit, WM_CLEAR, 0, 0);
+    for (const wchar_t c : text) send(edit, WM_CHAR, c, 1);
+  });
+}
+
 void type(int id, const std::wstring& text) {
   const HWND control = reach(id, Kind::edit, L" is no edit");
   if (!control) return;
   if (hasStyle(control, ES_READONLY)) return refuse(std::to_wstring(id) + L" is read-only");
+  if (hasStyle(control, ES_NUMBER)) return typeOver(control, text);
   carryOut([control, &text] {
     clickMiddle(control);
     send(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
@@ -170,6 +181,29 @@ HWND focusWindow() {
   GUITHREADINFO info = {};
   info.cbSize = sizeof info;
   return GetGUIThreadInfo(driver.thread, &info) ? info.hwndFocus : nullptr;
+}
+
+// The toolbar gives a mark: it has a property without effect here, which is set by a message behind the others.
+void settle() {
+  const bool before = ask(driver.toolbar, TB_GETANCHORHIGHLIGHT) != 0;
+  PostMessageW(driver.toolbar, TB_SETANCHORHIGHLIGHT, !before, 0);
+  waitFor("a key to be handled", commandDeadline, [before] {
+    if (const HWND dialog = dialogThatAsks()) answerDialog(dialog);
+    return programIsOver() || (ask(driver.toolbar, TB_GETANCHORHIGHLIGHT) != 0) != before;
+  });
+  // The mark may have been handled while a dialog was open. The program answers now when it has come back, or asks again.
+  ask(driver.mainWindow, WM_NULL);
+  while (const HWND dialog = dialogThatAsks()) {
+    answerDialog(dialog);
+    ask(driver.mainWindow, WM_NULL);
+  }
+}
+
+void pressEnter() {
+  if (!current()) return;
+  const HWND focus = focusWindow();
+  PostMessageW(focus ? focus : driver.open[current()], WM_KEYDOWN, VK_RETURN, 1);
+  settle();
 }
 
 void quit() {

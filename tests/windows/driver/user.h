@@ -15,6 +15,9 @@ void carryOut(Action action);
 void send(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 void clickAt(HWND window, int x, int y);
 HWND focusWindow();
+// A key that is posted goes through the program's message loop and comes back to nobody. This waits until what was posted to
+// the program so far has been handled, and answers what asks meanwhile.
+void settle();
 POINT middleOf(const Tool& tool);  // of its button, on the toolbar
 
 // The form that the commands go to; null, and refused, where none is open.
@@ -27,6 +30,7 @@ void press(int id);
 void type(int id, const std::wstring& text);
 void pick(int id, const std::wstring& text);
 void closeForm();
+void pressEnter();
 void quit();
 
 // What only Windows has.

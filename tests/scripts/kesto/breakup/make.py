@@ -1,0 +1,3 @@
+from workfiles import *
+
+write("NONE.DAT")

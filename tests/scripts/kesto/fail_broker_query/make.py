@@ -1,0 +1,3 @@
+from workfiles import *
+
+write("TWO.BIN", header(fileKind="C", kind="B"), kestoBroker(), kestoBroker(legCode="M", trdId=1002))
