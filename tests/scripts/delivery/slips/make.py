@@ -11,4 +11,3 @@ ORDERS = (
 write("DELY0106.215", auctionHeader(memberName="LAKEVIEW SECURITIES AND TRUST"), *ORDERS, ORDERS[1][:255])
 write("DELY0206.S16", auctionHeader(), ORDERS[0], ORDERS[1], ORDERS[2])
 write("DELY0306.217", auctionHeader(), ORDERS[0], ORDERS[2])
-write("D1.BIN", auctionHeader(), ORDERS[1], ORDERS[3])
