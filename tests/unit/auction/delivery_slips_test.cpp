@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -100,6 +101,18 @@ TEST(DeliverySlips, longTextsAreCut) {
       slipLines({{.side = 'B', .brokerName = "BROKERS OF LONG NAMES", .scripName = "TWELVELETTER"}});
   EXPECT_EQ(lines[5], " 418 LAKEVIEW SECURITIES      0 BROKERS OF LONG NAM  01-06-2009\n");
   EXPECT_EQ(lines[11], std::string(27, ' ') + "0 TWELVELETTER        0 " + std::string(40, ' ') + "\n");
+}
+
+// A scrip's name may fill its 13 bytes, without the NUL that would end it.
+TEST(DeliverySlips, nameThatFillsItsFieldIsCutAtTwelve) {
+  std::vector<DelyRec> records = deliveryRecords({toDeliver(1), toDeliver(2)});
+  for (DelyRec& record : records) std::memcpy(record.scripName.bytes, "ABCDEFGHIJKLM", sizeof record.scripName.bytes);
+  std::string text;
+  Output* out = outputToMemory(&text);
+  (void)printDeliverySlips(*out, auctionHeader("A1"), {"215", "01-06-2009"}, records.data(), records.size());
+  EXPECT_TRUE(outputClose(out));
+  EXPECT_NE(text.find(" 5 ABCDEFGHIJKL        1 "), std::string::npos);
+  EXPECT_NE(text.find(" 5 ABCDEFGHIJKL        2\r\n"), std::string::npos);
 }
 
 TEST(DeliverySlips, nameTellsNoticeAndDate) {
