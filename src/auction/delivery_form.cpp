@@ -35,7 +35,7 @@ static constexpr char memoryTitle[] = "Error";
 static constexpr char noMemoryText[] = "Delv Data : Memory Allocation Failure";
 static constexpr char noMemoryReply[] = "Memory Allocation failure";
 static constexpr char headerNotReadText[] = "Unable to read Header from the file .";
-static constexpr char notReadText[] = "Error in Reading File";
+static constexpr Message notRead = {.box = "Error in Reading File", .reply = "Error in Reading File"};
 // Goes to the standard output, where there is one.
 static constexpr char noDeliveriesText[] = "No deliveries to be made for this auction \n";
 static constexpr char completeTitle[] = "SUCCESS";
@@ -84,8 +84,8 @@ static void onLoad(FormHandle form) {
 
 // ---- A run ------------------------------------------------------------------------------------------------------------
 
-static bool refuse(FormHandle form, const Message& message, const char* title = boxTitle) {
-  showMessage(form, IDC_DELV_REPLY, title, message, BoxIcon::error);
+static bool refuse(FormHandle form, const Message& message) {
+  showMessage(form, IDC_DELV_REPLY, boxTitle, message, BoxIcon::error);
   return false;
 }
 
@@ -129,9 +129,7 @@ static bool readHeader(FormHandle form) {
 }
 
 static bool readRecords(FormHandle form) {
-  if (!readAuctionRecords(*state.input, AuctionKind::dely, state.block, state.count)) {
-    return refuse(form, {.box = notReadText, .reply = notReadText});
-  }
+  if (!readAuctionRecords(*state.input, AuctionKind::dely, state.block, state.count)) return refuse(form, notRead);
   keepDeliveries(state.block, state.count);
   return true;
 }
