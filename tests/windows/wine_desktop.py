@@ -23,10 +23,11 @@ class DesktopError(Exception):
 class Desktop:
     """`with Desktop(build) as desktop:` ; build is the folder with quillon.exe and quillon-driver.exe.
 
+    Its own screen's points are kept in the folder `frame_buffers`, where one is given, for who takes pictures.
     With `own_screen` False the windows come up on the display that is there, each by itself.
     """
 
-    def __init__(self, build, own_screen=True, dpi=96):
+    def __init__(self, build, own_screen=True, dpi=96, frame_buffers=None):
         self.build = os.path.abspath(build)
         self.program = os.path.join(self.build, "quillon.exe")
         self.driver = os.path.join(self.build, "quillon-driver.exe")
@@ -40,6 +41,7 @@ class Desktop:
         self.prefix = os.path.join(self.build, "wine" if own_screen else "wine-for-use")
         self.own_screen = own_screen
         self.dpi = dpi
+        self.frame_buffers = frame_buffers
         self.screen = None
         self.lock = None
         self.keep_open = False
@@ -71,7 +73,8 @@ class Desktop:
     def _start_screen(self):
         read_end, write_end = os.pipe()
         self.screen = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", SCREEN + "x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", SCREEN + "x24", "-nolisten", "tcp"] +
+            (["-fbdir", self.frame_buffers] if self.frame_buffers else []),
             pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
