@@ -8,6 +8,6 @@ ORDERS = (
     dely(side="B", brokerNo=24, brokerName="DELTA", bankCode=14, scripCode=7, scripName="TWELVELETTER", quantity=1250),
     dely(side="B", brokerNo=1024, brokerName="SUNRISE", bankCode=14, scripCode=590023, scripName="NILGRITEA", quantity=5),
 )
-write("DELY0106.215", auctionHeader(memberName="LAKEVIEW SECURITIES AND TRUST"), *ORDERS, ORDERS[1][:255])
-write("DELY0206.S16", auctionHeader(), ORDERS[0], ORDERS[1], ORDERS[2])
-write("DELY0306.217", auctionHeader(), ORDERS[0], ORDERS[2])
+write("export/DELY0106.215", auctionHeader(memberName="LAKEVIEW SECURITIES AND TRUST"), *ORDERS, ORDERS[1][:255])
+write("export/DELY0206.S16", auctionHeader(), ORDERS[0], ORDERS[1], ORDERS[2])
+write("export/DELY0306.217", auctionHeader(), ORDERS[0], ORDERS[2])
