@@ -234,8 +234,7 @@ static bool readRecords(FormHandle form, const Options& options) {
     if (static_cast<std::int64_t>(read.count) < adminCount(state.header, section)) isWhole = false;
   }
   if (adminTotal(state.header) == 0) {
-    boxShow(form, zeroRecordsTitle, zeroRecordsText, BoxIcon::error);
-    showReply(form, IDC_ADMLOG_REPLY, zeroRecordsText);
+    reportOnReplyAndBox(form, IDC_ADMLOG_REPLY, zeroRecordsTitle, zeroRecordsText, BoxIcon::error);
     return false;
   }
   if (!isWhole) tellReadFailed(form);
