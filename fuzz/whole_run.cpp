@@ -80,11 +80,11 @@ int wholeRun(const FormUnderTest& form, const std::uint8_t* bytes, std::size_t s
   for (std::size_t i = 0; i < form.choices.size(); ++i) {
     if ((pressed >> i) & 1) commands += press(form.choices[i]);
   }
-  if (moves & 4) {
+  if (form.toFile && moves & 4) {
     commands += press(form.toFile);
     commands += "type " + std::to_string(form.outFile) + " " + ((moves & 8) ? name : "OUT.TXT") + "\n";
   }
-  if (lines) commands += "type " + std::to_string(form.linesPerPage) + " " + std::to_string(lines - 1) + "\n";
+  if (form.linesPerPage && lines) commands += "type " + std::to_string(form.linesPerPage) + " " + std::to_string(lines - 1) + "\n";
   if (moves & 16) commands += press(form.cancel);
   commands += press(form.print);
   if (form.convert) commands += press(form.convert);

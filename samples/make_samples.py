@@ -16,9 +16,12 @@ from workfiles import (  # noqa: E402
     auctionHeader,
     broker132,
     broker160,
+    clbd,
     clientRectification,
     consolidatedOrder,
     delimited,
+    dely,
+    entl,
     groupLimit,
     header,
     kestoBroker,
@@ -326,6 +329,8 @@ def makeTraderLimitsFiles(folder):
 
 
 AUCTION_BANKS = (3, 12, 47)
+AUCTION_MEMBERS = ((77, "HILLSIDE BROKERS"), (207, "SUNRISE BROKING"), (311, "MERIDIAN FINANCE"), (1024, "DELTA STOCKS AND SHARES"),
+                   (MEMBER, "LAKEVIEW SECURITIES"))
 
 
 def auctionMoney(chance, count, offers, entitlements):
@@ -372,12 +377,58 @@ def auctionOffers(chance, count):
     return found
 
 
+def auctionDeliveries(chance, count):
+    """Orders to receive and to deliver, some of them closed out (-2) or compulsorily so (-3), with and without a bank code."""
+    found = []
+    for i in range(count):
+        code, symbol, _, price = chance.of(SCRIPS)
+        side, (broker, name) = chance.of("OOOBB"), chance.of(AUCTION_MEMBERS)
+        bank = chance.of(AUCTION_BANKS + (999,))
+        marker = chance.below(5) if side == "O" else 0
+        if marker in (2, 3):
+            broker, name, bank = -marker, "", chance.of((0, 12))
+        found.append(dely(scripCode=code, scripName=symbol, side=side, stdRate=round(price * 100), orderId=100120 + i,
+                          brokerNo=broker, bdcNo=450900 + i, brokerName=name, quantity=25 * (1 + chance.below(12)), bankCode=bank,
+                          deliveryType="X" if broker < 0 and bank == 0 else chance.of("CNP"), clientId=chance.of(CLIENTS)[0],
+                          subBrokerId=chance.below(20)))
+    return found
+
+
+def auctionCloseOuts(chance, count):
+    found = []
+    for i in range(count):
+        code, _, _, price = chance.of(SCRIPS)
+        rate, total = round(price * 100), 25 * (2 + chance.below(12))
+        closed = chance.of((25, 25, total))
+        found.append(clbd(scripCode=code, bdcNo=450700 + i, totalAuctionQty=total, qtyAuctioned=total - closed,
+                          qtyClosedOut=closed, closeOutRate=rate * 110 // 100, auctionRate=rate if closed < total else 0,
+                          closeOutValue=closed * (rate * 110 // 100)))
+    return found
+
+
+def auctionEntitlements(chance, reasons):
+    """As many of each reason as `reasons` says, in its order."""
+    found = []
+    for reason, count in reasons:
+        for _ in range(count):
+            code, symbol, _, price = chance.of(SCRIPS)
+            member, name = chance.of(AUCTION_MEMBERS[:4])
+            found.append(entl(buySellFlag=chance.of("BS"), scripCode=code, scripName=symbol, oppMemberId=member,
+                              oppMemberName=name, bdcNo=450800 + len(found), entitlementType=chance.of(("DI", "CB", "RR")),
+                              closingRate=round(price * 100), entitlementRate=round(price * 110) if reason == 1 else 0,
+                              reason=reason))
+    return found
+
+
 def makeAuctionFiles(folder):
     """A money file and the offer status file of the same auction go together: their names differ in the first four letters."""
+    def titleOf(notice, auctionNo):
+        return auctionHeader(settlementNo=37, auctionNoticeNo=notice, auctionNo=auctionNo, clearingNo=MEMBER,
+                             memberName="LAKEVIEW SECURITIES")
+
     def make(name, seed, notice, auctionNo, moneyCount, entitlements, offerCount):
         chance = Chance(seed)
-        title = auctionHeader(settlementNo=37, auctionNoticeNo=notice, auctionNo=auctionNo, clearingNo=MEMBER,
-                              memberName="LAKEVIEW SECURITIES")
+        title = titleOf(notice, auctionNo)
         offers = auctionOffers(chance, offerCount)
         write(os.path.join(folder, "MONY" + name), title, *auctionMoney(chance, moneyCount, offers, entitlements))
         write(os.path.join(folder, "OFFS" + name), title, *[offs(**offer) for offer in offers])
@@ -387,6 +438,16 @@ def makeAuctionFiles(folder):
     make("0101.215", 41, "A215", 215, 50, (), 24)
     make("0201.007", 42, "X007", 7, 24, entitlements, 8)
     make("2505.S12", 43, "S12", 12, 16, (), 6)
+
+    def makeDeliveries(name, seed, notice, auctionNo, count):
+        write(os.path.join(folder, "DELY" + name), titleOf(notice, auctionNo), *auctionDeliveries(Chance(seed), count))
+
+    makeDeliveries("0101.215", 44, "A215", 215, 50)
+    makeDeliveries("0201.007", 45, "X007", 7, 16)
+    makeDeliveries("2505.S12", 46, "S12", 12, 12)
+    write(os.path.join(folder, "CLBD0101.215"), titleOf("A215", 215), *auctionCloseOuts(Chance(47), 45))
+    write(os.path.join(folder, "ENTL0201.007"), titleOf("X007", 7),
+          *auctionEntitlements(Chance(48), ((1, 12), (2, 5), (3, 3), (4, 2))))
 REPLIES = ("LIMIT ACCEPTED", "LIMIT ACCEPTED", "LIMIT ACCEPTED", "Trader has no rights in this scrip\r\n",
            "Limit is below what the trader has used already")
 

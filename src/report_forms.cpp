@@ -1,6 +1,7 @@
 #include "report_forms.h"
 
 #include "auction/auction_form.h"
+#include "auction/delivery_form.h"
 #include "brokerquery/broker_form.h"
 #include "logs/admin_log_form.h"
 #include "market/breakup_form.h"
@@ -23,6 +24,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTNPRET", slbPositionFormEvent},
     {"PRNTBRKREP", brokerQueryFormEvent},
     {"AUCRPT", auctionFormEvent},
+    {"DELV", deliveryFormEvent},
     {"PRNTTLINE", touchlinesFormEvent},
     {"PRNTTRDLM", traderLimitsFormEvent},
     {"PRNTADMINLOG", adminLogFormEvent},

@@ -45,6 +45,19 @@ const EntryRow* wholeEntryType(std::string_view entryType) {
   return nullptr;
 }
 
+// Where the last so many characters of a path begin; npos where it has fewer. A letter outside ASCII is one of them, however
+// many bytes it takes in UTF-8.
+std::size_t placeFromEnd(std::string_view path, std::size_t characters) {
+  std::size_t place = path.size();
+  for (; characters > 0; --characters) {
+    if (place == 0) return std::string_view::npos;
+    do {
+      --place;
+    } while (place > 0 && (static_cast<unsigned char>(path[place]) & 0xC0) == 0x80);
+  }
+  return place;
+}
+
 }  // namespace
 
 const char* auctionPrefix(AuctionKind kind) { return rowOf(kind).prefix; }
@@ -55,10 +68,10 @@ bool auctionPathIsOfKind(const std::string& path, AuctionKind kind) { return fil
 
 std::string offerStatusPath(const std::string& moneyPath) {
   constexpr std::size_t nameSize = 12, prefixSize = 4;
-  if (moneyPath.size() < nameSize) return {};
-  std::string path = moneyPath;
-  path.replace(path.size() - nameSize, prefixSize, auctionPrefix(AuctionKind::offs));
-  return path;
+  const std::size_t name = placeFromEnd(moneyPath, nameSize);
+  if (name == std::string::npos) return {};
+  const std::size_t behindPrefix = placeFromEnd(moneyPath, nameSize - prefixSize);
+  return moneyPath.substr(0, name) + auctionPrefix(AuctionKind::offs) + moneyPath.substr(behindPrefix);
 }
 
 bool isSpecialNotice(const AuctionHeader& header) {

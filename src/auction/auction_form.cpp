@@ -9,8 +9,11 @@
 
 #include "auction/auction_file.h"
 #include "auction/auction_page.h"
+#include "auction/bda_details_report.h"
+#include "auction/delivery_statement_report.h"
 #include "auction/money_statement_report.h"
 #include "auction/offer_status_report.h"
+#include "auction/rejected_entitlements_report.h"
 #include "desktop/boxes.h"
 #include "desktop/clock.h"
 #include "desktop/memory.h"
@@ -69,7 +72,8 @@ static constexpr Message noOffersFile = {
     .box = "No Offer status file available\nCan't proceed with Money statement printing\nDownload reports again",
     .reply = "No Offer status file available",
 };
-static constexpr char notInThisVersionText[] = "This report is not in this version.";
+// Of close-outs, and in the same words of rejected entitlements.
+static constexpr char listingNotReadText[] = "ERROR reading Close Out statement file";
 static constexpr char completeText[] = "PRINTING COMPLETE";
 
 // ---- Controls ---------------------------------------------------------------------------------------------------------
@@ -132,15 +136,17 @@ struct AuctionForm {
 
 static bool writeMoney(FormHandle form, const Options& options);
 static bool writeOffers(FormHandle form, const Options& options);
-static bool writeNothing(FormHandle form, const Options& options);
+static bool writeDeliveries(FormHandle form, const Options& options);
+static bool writeBdaDetails(FormHandle form, const Options& options);
+static bool writeEntitlements(FormHandle form, const Options& options);
 
 // clang-format off
 static constexpr Report reports[] = {
     {IDC_AUC_MONEY,        AuctionKind::mony, LoadVariant::standard,                    scripSorts, writeMoney},
-    {IDC_AUC_DELIVERY,     AuctionKind::dely, LoadVariant::auctionDelivery,             allSorts,   writeNothing},
+    {IDC_AUC_DELIVERY,     AuctionKind::dely, LoadVariant::auctionDelivery,             allSorts,   writeDeliveries},
     {IDC_AUC_OFFERS,       AuctionKind::offs, LoadVariant::auctionOfferStatus,          scripSorts, writeOffers},
-    {IDC_AUC_BDA,          AuctionKind::clbd, LoadVariant::auctionBdaDetails,           noSorts,    writeNothing},
-    {IDC_AUC_ENTITLEMENTS, AuctionKind::entl, LoadVariant::auctionRejectedEntitlements, noSorts,    writeNothing},
+    {IDC_AUC_BDA,          AuctionKind::clbd, LoadVariant::auctionBdaDetails,           noSorts,    writeBdaDetails},
+    {IDC_AUC_ENTITLEMENTS, AuctionKind::entl, LoadVariant::auctionRejectedEntitlements, noSorts,    writeEntitlements},
 };
 // clang-format on
 
@@ -368,7 +374,39 @@ static bool writeMoney(FormHandle form, const Options& options) {
   return true;
 }
 
-static bool writeNothing(FormHandle form, const Options&) { return refuse(form, formTitle, notInThisVersionText); }
+// ---- Deliveries
+
+static bool writeDeliveries(FormHandle form, const Options& options) {
+  if (!takeBlock(form, options)) return false;
+  if (!readAuctionRecords(*state.input, AuctionKind::dely, state.block, state.count)) {
+    return refuse(form, formTitle, notReadText);
+  }
+  const auto* const records = static_cast<const DelyRec*>(state.block);
+  const RecordOrder order = deliveryOrder(records, state.count, options.sort);
+  if (!order) return refuse(form, memoryTitle, noMemoryText);
+  printDeliveryStatement(*state.output, statementOf(options), {records, state.count, order.memory.get()});
+  return true;
+}
+
+// ---- Close-outs and rejected entitlements
+
+static bool readListing(FormHandle form, const Options& options) {
+  if (!takeBlock(form, options)) return false;
+  return readAuctionRecords(*state.input, options.report->kind, state.block, state.count) ||
+         refuse(form, nullptr, listingNotReadText);
+}
+
+static bool writeBdaDetails(FormHandle form, const Options& options) {
+  if (!readListing(form, options)) return false;
+  printBdaDetails(*state.output, statementOf(options), static_cast<const ClbdRec*>(state.block), state.count);
+  return true;
+}
+
+static bool writeEntitlements(FormHandle form, const Options& options) {
+  if (!readListing(form, options)) return false;
+  printRejectedEntitlements(*state.output, statementOf(options), static_cast<const EntlRec*>(state.block), state.count);
+  return true;
+}
 
 static RunEnd printFile(FormHandle form, const Options& options) {
   const bool done = readHeader(form) && countRecords(form, options) && options.report->write(form, options);

@@ -9,6 +9,7 @@
 
 #include "auction/auction_file.h"
 #include "desktop/clock.h"
+#include "text/output.h"
 
 namespace quillon {
 
@@ -27,6 +28,9 @@ std::string auctionDateText(const LocalTime& time);
 
 // The clearing house for a lending file, otherwise the exchange. Some statements have a blank behind it.
 const char* auctionExchange(const AuctionMarket& market);
+
+// The first line of a page of the listings that have no settlement number; the line after it begins with its own newline.
+void printListingExchangeLine(Output& out, const AuctionStatement& statement, int page);
 
 inline constexpr char bar = '|';
 inline constexpr char pageEnd = 12;  // what ends a page on the printer

@@ -18,12 +18,11 @@ static void printCellRule(Output& out) {
 }
 
 static void printHeading(Output& out, const BrokerPage& page) {
-  const BlockTitles titles = page.isLendingFile ? BlockTitles{"Borrow from", "Lend to  "} : BlockTitles{"Bought from", "Sold to  "};
   printBrokerPageTop(out, page);
   const std::string topRule = std::string(" ").append(rule(127));
   print<"%127s\n">(out, topRule);
-  print<"%1c%2s%1c%21s%8c%19c%19s%10c%11s%1c%12s%1c%6s%1c%9s%1c%6s%1c\n">(out, bar, "Tr", bar, titles.left, bar, bar,
-      titles.right, bar, "ClientId", bar, "TrnId", bar, "TrdId", bar, "Time", bar, "InstId", bar);
+  print<"%1c%2s%1c%21s%8c%19c%19s%10c%11s%1c%12s%1c%6s%1c%9s%1c%6s%1c\n">(out, bar, "Tr", bar, "Bought from", bar, bar,
+      "Sold to  ", bar, "ClientId", bar, "TrnId", bar, "TrdId", bar, "Time", bar, "InstId", bar);
   print<"%1c%2s%1c%28s%1c%18s%1c%28s%1c%12c%13c%7c%10c%7c\n">(out, bar, "dr", bar, rule(28), bar, rule(18), bar, rule(27), bar,
       bar, bar, bar, bar, bar);
   print<"%1c%3c%7s%1c%6s%4c%6s%5c%11s%1c%6s%1c">(out, bar, bar, "Br/TrId", bar, "Qty", bar, "Rate", bar, "ScripId", bar,

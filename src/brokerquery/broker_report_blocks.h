@@ -31,12 +31,6 @@ const char* brokerExchangeLine(bool isLendingFile);
 // The three lines above the heading rows of every page but the Kesto one.
 void printBrokerPageTop(Output& out, const BrokerPage& page);
 
-// The titles of the two blocks of a page, over its left and its right half.
-struct BlockTitles {
-  const char* left;
-  const char* right;
-};
-
 // One arrangement of the page. `heading` begins a page and leaves its number alone. `record` takes a record of the
 // arrangement's layout and may print nothing for it.
 struct BrokerBlocks {

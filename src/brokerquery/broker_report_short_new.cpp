@@ -8,11 +8,10 @@ namespace quillon {
 // clang-format off
 
 static void printHeading(Output& out, const BrokerPage& page) {
-  const BlockTitles titles = page.isLendingFile ? BlockTitles{"Borrow from", "Lend to"} : BlockTitles{"Bought from", "Sold to"};
   printBrokerPageTop(out, page);
   print<"%128s\n">(out, rule(127));
-  print<"%1c%4s%1c%20s%8c%19c%16s%12c%11s%1c%18s%1c%6s%1c%8s%1c\n">(out, bar, "Tr", bar, titles.left, bar, bar,
-      titles.right, bar, "ClientId", bar, "TrnId", bar, "TrdId", bar, "Time", bar);
+  print<"%1c%4s%1c%20s%8c%19c%16s%12c%11s%1c%18s%1c%6s%1c%8s%1c\n">(out, bar, "Tr", bar, "Bought from", bar, bar,
+      "Sold to", bar, "ClientId", bar, "TrnId", bar, "TrdId", bar, "Time", bar);
   print<"%1c%4s%1c%27s%1c%18s%1c%27s%1c%12c%19c%7c%9c\n">(out, bar, "dr", bar, rule(27), bar, rule(18), bar, rule(27), bar,
       bar, bar, bar, bar);
   print<"%1c%5c%6s%1c%6s%4c%6s%5c%11s%1c%6s%1c">(out, bar, bar, "Br/Trd", bar, "Qty", bar, "Rate", bar, "ScripId", bar,

@@ -250,7 +250,7 @@ def is_shown(text, shown):
 def forms_of_tools(folder):
     """{"toolTrades": "PRNTRPT"} out of the table of tools."""
     with open(os.path.join(folder, "src", "frame", "tools.cpp"), encoding="utf-8") as file:
-        return dict(re.findall(r'\{(tool\w+),[^{}"]*"[^"]*",\s*"(\w+)"', file.read()))
+        return dict(re.findall(r'\{(tool\w+),\s*\d+,\s*"[^"]*",\s*"(\w+)"', file.read()))
 
 
 def codes_in_use(folder, sources):

@@ -33,12 +33,12 @@ def expect(what, seen, wanted):
         raise Failure("%s: %r, wanted %r" % (what, seen, wanted))
 
 
-def run(desktop, folder, commands):
-    """The lines that a list of commands brings about."""
+def run(desktop, folder, commands, options=()):
+    """The lines that a list of commands brings about; the options are the driver's."""
     script = os.path.join(folder, "script")
     with open(script, "w", encoding="utf-8") as file:
         file.write("\n".join(commands) + "\n")
-    transcript, complaint = desktop.run_script(folder, script)
+    transcript, complaint = desktop.run_script(folder, script, options)
     expect("complaint", complaint, "")
     return transcripts.parse(transcript)
 
@@ -142,17 +142,22 @@ def tooltip_shows_while_a_form_is_the_active_window(desktop, folder):
 
 
 def button_of_a_form_that_cannot_be_made_stays_checked(desktop, folder):
-    # In a copy of the program the form's resource has another name.
+    # In a copy of the program the resources of two forms have other names.
+    def named(name):
+        return bytes([len(name), 0]) + name.encode("utf-16-le")
+
     program = desktop.program
     desktop.program = os.path.join(folder, "quillon.exe")
     with open(desktop.program, "wb") as file:
-        file.write(bytes_of(program).replace(b"\4\0" + "DELV".encode("utf-16-le"), b"\4\0" + "DELW".encode("utf-16-le")))
+        file.write(bytes_of(program).replace(named("AUCRPT"), named("AUCRPU")).replace(named("DELV"), named("DELW")))
     try:
-        lines = run(desktop, folder, ["tool DELV", "tool DELV"])
+        lines = run(desktop, folder, ["tool AUCRPT", "tool AUCRPT", "tool DELV"])
     finally:
         desktop.program = program
-    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")], [("Error", "Dialog Creation Failed")] * 2)
-    expect("check states", of_kind(lines, "tools"), [{"DELV": True}])
+    # "Error" is the word of Windows for a box without a title.
+    expect("boxes", [(box["title"], box["text"]) for box in of_kind(lines, "box")],
+           [("Error", "Dialog Creation Failed")] * 2 + [("ERROR", "Error Creating Delivery Box")])
+    expect("check states", of_kind(lines, "tools"), [{"AUCRPT": True}, {"DELV": True}])
 
 
 def tab_order_is_reading_order(desktop, folder):
@@ -262,6 +267,30 @@ def printer_receives_the_report(desktop, folder):
     expect("what was printed is what stands in the file", bytes_of(folder, "PRINTED") == report, True)
 
 
+def printer_receives_delivery_slips(desktop, folder):
+    whole = bytes_of(folder, "export", "DELY0101.215")
+    records = [whole[at:at + 256] for at in range(62, len(whole), 256)]
+    lines = run(desktop, folder, ["printer PRINTED", "tool DELV", "choose export/DELY0101.215", "press 1211", "press 1212", "show"])
+    expect("last box", [last_of(lines, "box")[key] for key in ("title", "text")], ["SUCCESS", "PRINTING COMPLETE"])
+    expect("file still loaded", last_of(lines, "changed")["controls"]["1214"]["text"], "DELY0101.215")
+    printed = bytes_of(folder, "PRINTED")
+    expect("slips", printed.count(b"Auction Notice No.: 215"), sum(record[17:18] == b"B" for record in records))
+    expect("lines", printed.count(b"\r\n"), 18 * ((len(records) + 1) // 2))
+
+
+def nothing_to_deliver_goes_to_the_standard_output_where_there_is_one(desktop, folder):
+    whole = bytes_of(folder, "export", "DELY0101.215")
+    records = [whole[at:at + 256] for at in range(62, len(whole), 256)]
+    with open(os.path.join(folder, "DELY0102.216"), "wb") as file:
+        file.write(whole[:62] + b"".join(record for record in records if record[17:18] == b"O"))
+    commands = ["printer PRINTED", "tool DELV", "choose DELY0102.216", "press 1211", "press 1212"]
+    for options in ((), ("--stdout", "TOLD")):
+        lines = run(desktop, folder, commands, options)
+        expect("last box", [last_of(lines, "box")[key] for key in ("title", "text")], ["SUCCESS", "PRINTING COMPLETE"])
+        expect("end", lines[-1], {"exit": 0})
+    expect("standard output", bytes_of(folder, "TOLD"), b"No deliveries to be made for this auction \n")
+
+
 def missing_printer_says_check_your_printer(desktop, folder):
     lines = run(desktop, folder, ["printer off", "tool PRNTRPT"] + LOAD + ["press 1015", "show"])
     box = last_of(lines, "box")
@@ -313,6 +342,8 @@ TESTS = [
     dialogs_belong_to_the_form_that_brought_them,
     letters_outside_windows_1252_are_refused_in_an_output_name,
     printer_receives_the_report,
+    printer_receives_delivery_slips,
+    nothing_to_deliver_goes_to_the_standard_output_where_there_is_one,
     missing_printer_says_check_your_printer,
     full_printer_says_that_the_report_was_not_written,
     wide_names_reach_the_title,

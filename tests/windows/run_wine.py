@@ -8,7 +8,7 @@ desktop (agreement.py says in what), and the files that are left must be those o
 file not-on-windows is passed over; the file says why. What came out is kept in received/ under the build folder.
 
 The real program's clock is the machine's: where a script sets the clock, to one day for the whole of it, today's date in what
-the run leaves stands for that day's.
+the run leaves stands for that day's, and so does its year behind the day and month of a delivery slip.
 """
 
 import argparse
@@ -44,6 +44,11 @@ def today():
     return time.strftime("%d/%m/%Y").encode("ascii")
 
 
+def on_another_day(data, run_day, day):
+    data = data.replace(run_day, day)
+    return re.sub(rb"(  \d\d-\d\d-)" + run_day[-4:], rb"\g<1>" + day[-4:], data)
+
+
 def on_the_day_of_the_script(case, days, before, after):
     """The files with each of the days, as reports print a date, taken for the one day to which the script sets the clock."""
     with open(os.path.join(case, "script"), encoding="utf-8") as script:
@@ -55,7 +60,7 @@ def on_the_day_of_the_script(case, days, before, after):
     for name, data in after.items():
         if before.get(name) != data:
             for run_day in days:
-                data = data.replace(run_day, day)
+                data = on_another_day(data, run_day, day)
             files[name] = data
     return files
 

@@ -146,11 +146,11 @@ class Desktop:
                 file.write(UNTOUCHED)
         os.symlink(path, link)
 
-    def run_script(self, folder, script):
+    def run_script(self, folder, script, options=()):
         """The transcript of a script and the driver's words of complaint, which are empty when all went well."""
         self.link_printer(None)
         printers = []
-        process = self.start_driver(folder, script)
+        process = self.start_driver(folder, script, options)
         lines = []
         for line in process.stdout:
             line = line.rstrip("\r\n")

@@ -212,6 +212,15 @@ TEST(AuctionCompanion, nameOfAnotherLengthGivesAnotherPath) {
   EXPECT_EQ(offerStatusPath(""), "");
 }
 
+// Places are counted in letters, not in the bytes of the path's encoding: the name below has twelve.
+TEST(AuctionCompanion, letterOutsideAsciiTakesOnePlace) {
+  EXPECT_EQ(offerStatusPath("export/MONY\u00c9101.001"), "export/OFFS\u00c9101.001");
+  EXPECT_EQ(offerStatusPath("Export\u00e9/MONY0101.001"), "Export\u00e9/OFFS0101.001");
+  EXPECT_EQ(offerStatusPath("\u20acONY0101.001"), "OFFS0101.001");
+  EXPECT_EQ(offerStatusPath("MONY\u00c901.001"), "");
+  EXPECT_EQ(offerStatusPath("\x80\x80\x80\x80\x80\x80\x80\x80\x80\x80\x80\x80\x80"), "");  // no text at all
+}
+
 TEST(AuctionNotice, xAndYAreSpecial) {
   EXPECT_TRUE(isSpecialNotice(auctionHeader("X123")));
   EXPECT_TRUE(isSpecialNotice(auctionHeader("Y")));

@@ -218,12 +218,6 @@ TEST(BrokerReport, recordsComeInTheGivenOrder) {
   EXPECT_LT(report.find("BOLTSTEEL"), report.find("10:15:30"));
 }
 
-TEST(BrokerReport, titleOfAWideHeadingOfALendingFileHasTwoBlanksBehindIt) {
-  const std::string report = listed(fiveTrades, BrokerArrangement::shortOld, 50, header(25, 5, 2009), true);
-  EXPECT_NE(report.find("|  Tr|          Borrow from       |                  |          Lend to           |"),
-            std::string::npos);
-}
-
 // Every bar of the heading rows above the second-line heading stands under a bar of the row above it. In the 132-byte
 // arrangement the cell rule is left out: it follows the records, whose first rate is two columns narrower.
 TEST(BrokerReport, barsOfTheHeadingStandUnderBars) {

@@ -197,6 +197,15 @@ TEST(BreakupFile, aReadThatFailsLeavesItsRecordZeroAndTheRestIsRead) {
   faultsReset();
 }
 
+TEST(BreakupFile, aBlankLineThatCannotBeReadIsNotTheEnd) {
+  const TextFile file("1|\n\n3|\n");
+  std::vector<NormalBreakup> normal(3);
+  faultsArm(Fault::read, 2, false);
+  EXPECT_FALSE(readNormalBreakups(file.open(), normal.data(), 3));
+  EXPECT_EQ(codesOf(normal), (std::vector<std::int32_t>{1, 0, 3}));
+  faultsReset();
+}
+
 TEST(BreakupFile, aReadThatFailsEndsTheCount) {
   const TextFile file("1|\n2|\n3|\n");
   faultsArm(Fault::read, 3, false);

@@ -52,11 +52,11 @@ class Faults : public InOwnFolder {
         commandsOf(run, "OUT.TXT") + "fail\n" + "press " + std::to_string(run.cancel) + "\n" + loadAndPrint(run, "AGAIN.TXT"),
         fault, number, andAllLater);
     const bool met = faultsFired(fault) > 0;
-    EXPECT_EQ(outcome.status, 0);
+    const bool ended = !run.endsProgram.empty() && outcome.transcript.find(run.endsProgram) != std::string::npos;
+    EXPECT_EQ(outcome.status, ended ? run.endStatus : 0);
     EXPECT_EQ(outcome.error, "");
     EXPECT_EQ(outcome.blocksHeld, 0u) << outcome.transcript;
     EXPECT_EQ(outcome.streamsOpen, 0u) << outcome.transcript;
-    const bool ended = !run.endsProgram.empty() && outcome.transcript.find(run.endsProgram) != std::string::npos;
     if (!ended) {
       EXPECT_EQ(readWhole("AGAIN.TXT"), wanted) << "the run after the fault\n" << outcome.transcript;
     }

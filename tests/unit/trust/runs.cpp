@@ -145,6 +145,25 @@ static FormRun auction(const char* name, const char* sample, std::vector<int> op
           .tell = "Error Reading File "};
 }
 
+static FormRun delivery(const char* name, const char* sample) {
+  return {.name = name,
+          .form = "DELV",
+          .sample = sample,
+          .load = IDC_DELV_LOAD,
+          .print = IDC_DELV_PRINT,
+          .cancel = IDC_DELV_CANCEL,
+          .file = 0,
+          .outFile = 0,
+          .options = {},
+          .memory = "Delv Data : Memory Allocation Failure",
+          .open = "Error in opening Delivery File",
+          .create = "Unable to connect to printer",
+          .seek = "Error in opening Delivery File",
+          .tell = "Error in opening Delivery File",
+          .endsProgram = "Unable to read Header from the file .",
+          .endStatus = 1};
+}
+
 static FormRun adminLog(const char* name, const char* sample, std::vector<int> options) {
   return {.name = name,
           .form = "PRNTADMINLOG",
@@ -280,6 +299,13 @@ const std::vector<FormRun>& allRuns() {
       auction("money statement of a lending auction", "MONY2505.S12", {}, {"OFFS2505.S12"}),
       auction("offer status by scrip name", "OFFS0101.215", {IDC_AUC_OFFERS}),
       auction("offer status of a lending auction by scrip code", "OFFS2505.S12", {IDC_AUC_OFFERS, IDC_AUC_SORT_SCRIP_CODE}),
+      auction("delivery statement by scrip name", "DELY0101.215", {IDC_AUC_DELIVERY}),
+      auction("delivery statement of a special notice by member", "DELY0201.007", {IDC_AUC_DELIVERY, IDC_AUC_SORT_MEMBER}),
+      auction("delivery statement of a lending auction", "DELY2505.S12", {IDC_AUC_DELIVERY, IDC_AUC_SORT_OPP_MEMBER}),
+      auction("BDA details", "CLBD0101.215", {IDC_AUC_BDA}),
+      auction("rejected entitlements", "ENTL0201.007", {IDC_AUC_ENTITLEMENTS}),
+      delivery("delivery slips", "DELY0101.215"),
+      delivery("delivery slips of a lending auction", "DELY2505.S12"),
       adminLog("admin log, all four sections", "Ad010109.adl", {}),
       adminLog("admin log of the lending market by trader", "SAd250509.adl", {IDC_ADMLOG_SCRIPS, IDC_ADMLOG_SORT_TRADER}),
       sixaSevena("6A7A, updatable", "6A010109.UPD", {}),
@@ -314,6 +340,7 @@ std::string loadAndPrint(const FormRun& run, const std::string& out) {
   const auto press = [](int control) { return "press " + std::to_string(control) + "\n"; };
   std::string commands = "choose " + run.sample + "\n" + press(run.load);
   for (int option : run.options) commands += press(option);
+  if (!run.file) return commands + "printer " + out + "\n" + press(run.print);
   return commands + press(run.file) + "type " + std::to_string(run.outFile) + " " + out + "\n" + press(run.print);
 }
 

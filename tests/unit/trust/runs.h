@@ -17,7 +17,7 @@ struct FormRun {
   std::string name;
   const char* form;    // its resource
   std::string sample;  // under samples/export
-  int load, print, cancel, file, outFile;
+  int load, print, cancel, file, outFile;  // file 0: the form prints to the printer alone
   std::vector<int> options;  // pressed after the load
   std::vector<std::string> beside = {};  // other samples that the run reads, in full
   // What must be shown when a use of the kind fails; empty: any box with an error icon. A form with no text for memory may take
@@ -28,8 +28,9 @@ struct FormRun {
   bool readsAtLoad = false;
   // Of a form that is told to reset, and no more, when its output cannot be opened: the next run's end closes the input.
   bool keepsInputWithoutOutput = false;
-  // Of a form that ends the whole program with this message, so that no other run follows.
+  // Of a form that ends the whole program with this message and status, so that no other run follows.
   std::string endsProgram = {};
+  int endStatus = 0;
   // Of a form with a list of kinds: the list, and the item that is picked ahead of the load.
   int kindList = 0;
   std::string kind = {};

@@ -1,9 +1,12 @@
 // Works quillon.exe from outside, as a user at the screen does, and writes what that user sees.
 //
-//   quillon-driver.exe [--leave] [--keep-mutex] QUILLON.EXE [SCRIPT]      in the folder in which the program is to run
+//   quillon-driver.exe [--leave] [--keep-mutex] [--stdout FILE] QUILLON.EXE [SCRIPT]
+//
+// in the folder in which the program is to run.
 //
 // With --leave the program stays open at the end of the commands; otherwise its main window is closed then. With --keep-mutex
 // the mark of a running copy is there before the program starts, and nobody may open it, as when a copy with more rights runs.
+// With --stdout the program has the file as its standard output; otherwise it has none, as when a user starts it.
 //
 // It takes the same commands as quillon-script and writes the same JSON lines, as far as they can be seen from outside (what
 // cannot is listed in run_wine.py, which compares the two). Windows are found by class and process, controls by id; the
@@ -149,12 +152,13 @@ int wmain(int count, wchar_t** arguments) {
   };
   const bool leave = isNext(L"--leave");
   if (isNext(L"--keep-mutex")) keepMutex();
+  const wchar_t* const output = isNext(L"--stdout") && next < count ? arguments[next++] : nullptr;
   if (next >= count) giveUp(statusNoCommand, "quillon-driver", "which program?");
   const wchar_t* program = arguments[next++];
   std::FILE* script = next < count ? _wfopen(arguments[next], L"rb") : stdin;
   if (!script) giveUp(statusNoCommand, narrow(arguments[next]), "cannot be read");
   markFolders();
-  if (startProgram(program)) {
+  if (startProgram(program, output)) {
     std::string line;
     while (!driver.over && readLine(script, line)) {
       if (line.find_first_not_of(" \t") == std::string::npos || line.starts_with('#')) continue;

@@ -100,16 +100,28 @@ void keepMutex() {
 
 void findToolbar() { driver.toolbar = FindWindowExW(driver.mainWindow, nullptr, TOOLBARCLASSNAMEW, nullptr); }
 
-bool startProgram(const wchar_t* program) {
+static HANDLE outputFile(const wchar_t* name) {
+  if (!name) return nullptr;
+  SECURITY_ATTRIBUTES inherited = {.nLength = sizeof inherited, .lpSecurityDescriptor = nullptr, .bInheritHandle = TRUE};
+  const HANDLE file =
+      CreateFileW(name, GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) giveUp(statusCannot, narrow(name), "cannot be made");
+  return file;
+}
+
+bool startProgram(const wchar_t* program, const wchar_t* output) {
   learnForms(program);
   std::wstring commandLine = L'"' + std::wstring(program) + L'"';
   STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdOutput = outputFile(output);
   PROCESS_INFORMATION made = {};
-  if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &made)) {
+  if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, output != nullptr, 0, nullptr, nullptr, &startup, &made)) {
     giveUp(statusStuck, narrow(program), "cannot be started");
   }
   CloseHandle(made.hThread);
+  if (output) CloseHandle(startup.hStdOutput);
   driver.program = program;
   driver.process = made.hProcess;
   driver.processId = made.dwProcessId;

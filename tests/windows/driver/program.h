@@ -41,8 +41,9 @@ extern Driver driver;
 
 // Makes the mark of a running copy, for the length of this driver, so that nobody may open it.
 void keepMutex();
-// False where the program ends without a window, as a second copy does.
-bool startProgram(const wchar_t* program);
+// With the file `output`, made anew, as its standard output; null: it has none. False where the program ends without a window, as
+// a second copy does.
+bool startProgram(const wchar_t* program, const wchar_t* output);
 void findToolbar();
 bool programIsOver();
 void writeExit();

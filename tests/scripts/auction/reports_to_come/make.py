@@ -1,3 +1,0 @@
-from workfiles import *
-
-write("DELY0101.001", auctionHeader(), dely())

@@ -1,0 +1,3 @@
+from workfiles import *
+
+write("CTZürich.b01", header(fileKind="C"), kestoTrade())
