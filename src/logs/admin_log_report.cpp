@@ -1,6 +1,6 @@
 // A record of trader limits takes three lines, the third of which is its rule as well; records of the other sections take one
-// line and a rule below it. So a page of trader limits that is not full gets a closing rule, and one of the others gets a
-// second rule only where another page follows.
+// line and a rule below it. Where another page follows, each gets a rule more. The last page of trader limits gets one as well
+// unless it is full; the last one of the others does not.
 #include "logs/admin_log_report.h"
 
 #include <string>

@@ -15,7 +15,8 @@ namespace {
 const TradeHeader late = logHeader(123, 45, 25, 5, 2010);
 const TradeHeader early = logHeader(123, 45, 21, 5, 2009);
 const TradeHeader bigIds = logHeader(1234567890, -2147483647 - 1, 31, 12, 2010);
-const TradeHeader smallIds = logHeader(7, 3, 5, 3, 2010);
+// Both halves of the year have one digit as well.
+const TradeHeader smallIds = logHeader(7, 3, 5, 3, 304);
 
 // The file's side letters are rewritten as a run does it, so that every page shows them turned back.
 template <typename Record>

@@ -15,7 +15,8 @@ namespace {
 
 const TradeHeader ordinary = logHeader(123, 45, 25, 5, 2010, 'Q');
 const TradeHeader bigIds = logHeader(1234567890, -2147483647 - 1, 31, 12, 2010, 'Q');
-const TradeHeader smallIds = logHeader(7, 3, 5, 3, 2010, 'Q');
+// Both halves of the year have one digit as well.
+const TradeHeader smallIds = logHeader(7, 3, 5, 3, 304, 'Q');
 
 std::string listed(const std::vector<QuoteRow>& rows, const TradeHeader& header, const QuoteLogOptions& options) {
   registerClientTypes();

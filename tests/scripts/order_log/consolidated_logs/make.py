@@ -7,5 +7,5 @@ five = (consolidatedOrder(traderId=3, scripCode=3, scripId="C", clientId="C2", o
         consolidatedOrder(traderId=345, scripCode=1, scripId="A", clientId="C1", orderId=-2, logTime="11:00:00", thirdRate=9),
         consolidatedOrder(traderId=2, scripCode=1, scripId="B", clientId="C3", orderId=1, logTime="11:00:00", trigRate=77))
 write("BO250509.BIN", header(fileKind="X", kind="L", date="25/05/2009"), *five)
-write("BO211103.BIN", header(kind="L", date="21/11/2003"), *five)
+write("BO050304.BIN", header(kind="L", date="05/03/0304", time="09:05:03"), *five)
 write("SBo250509.BIN", header(kind="L", date="25/05/2009"), *five)
