@@ -74,7 +74,7 @@ class Desktop:
         read_end, write_end = os.pipe()
         self.screen = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write_end), "-screen", "0", SCREEN + "x24", "-nolisten", "tcp"] +
-            (["-fbdir", self.frame_buffers] if self.frame_buffers else []),
+            (["-nocursor", "-fbdir", self.frame_buffers] if self.frame_buffers else []),
             pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
