@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "market/file_name.h"
+#include "frame/file_name.h"
 
 namespace quillon {
 namespace {

@@ -19,6 +19,7 @@
 #include "desktop/memory.h"
 #include "frame/file_selection.h"
 #include "frame/report_form.h"
+#include "frame/run_date.h"
 #include "frame/tools.h"
 #include "resource.h"
 #include "text/record_order.h"
@@ -280,7 +281,7 @@ static bool countRecords(FormHandle form, const Options& options) {
 static AuctionStatement statementOf(const Options& options) {
   return {state.header,
           {fileSelection.isLendingFile, fileSelection.isLendingAuctionFile},
-          auctionDateText(clockNow()),
+          runDateText(clockNow()),
           options.linesPerPage};
 }
 

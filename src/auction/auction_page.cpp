@@ -4,8 +4,6 @@
 
 namespace quillon {
 
-std::string auctionDateText(const LocalTime& time) { return formatText<"%02d/%02d/%d">(time.day, time.month, time.year); }
-
 const char* auctionExchange(const AuctionMarket& market) {
   return market.isLendingFile ? "KOR SHARE HOLDING LTD." : "TARVEN STOCK EXCHANGE LTD.";
 }

@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "auction/auction_file.h"
-#include "desktop/clock.h"
 #include "text/output.h"
 
 namespace quillon {
@@ -23,8 +22,6 @@ struct AuctionStatement {
 
 // The sorts of the form. The last two are the delivery statement's alone.
 enum class AuctionSort { scripName, scripCode, memberId, oppMemberId };
-
-std::string auctionDateText(const LocalTime& time);
 
 // The clearing house for a lending file, otherwise the exchange. Some statements have a blank behind it.
 const char* auctionExchange(const AuctionMarket& market);

@@ -15,6 +15,7 @@
 #include "desktop/memory.h"
 #include "frame/file_selection.h"
 #include "frame/report_form.h"
+#include "frame/run_date.h"
 #include "frame/tools.h"
 #include "kesto/kesto_breakup_report.h"
 #include "kesto/kesto_broker_list.h"
@@ -24,7 +25,7 @@
 #include "kesto/kesto_list_position.h"
 #include "kesto/kesto_touchlines_report.h"
 #include "kesto/kesto_trades_list.h"
-#include "market/file_name.h"
+#include "frame/file_name.h"
 #include "resource.h"
 #include "text/encoding.h"
 #include "text/letters.h"
@@ -611,8 +612,7 @@ static bool writeBreakup(FormHandle form, const Options& options, const std::str
 }
 
 static bool printBreakup(FormHandle form, const Options& options) {
-  const LocalTime now = clockNow();
-  const std::string runDate = formatText<"%02d/%02d/%04d">(now.day, now.month, now.year);
+  const std::string runDate = runDateText(clockNow());
   FiveDayBreakups file;
   const bool done = writeBreakup(form, options, runDate, file);
   freeFiveDayBreakups(file);

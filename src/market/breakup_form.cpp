@@ -10,12 +10,12 @@
 #include "desktop/memory.h"
 #include "frame/file_selection.h"
 #include "frame/report_form.h"
+#include "frame/run_date.h"
 #include "frame/tools.h"
 #include "market/breakup_file.h"
 #include "market/breakup_report.h"
-#include "market/file_name.h"
+#include "frame/file_name.h"
 #include "resource.h"
-#include "text/print.h"
 #include "text/record_order.h"
 
 namespace quillon {
@@ -141,14 +141,9 @@ static void onCancel(FormHandle form) {
 
 // ---- A run ------------------------------------------------------------------------------------------------------------
 
-static std::string today() {
-  const LocalTime now = clockNow();
-  return formatText<"%02d/%02d/%d">(now.day, now.month, now.year);
-}
-
 static Options captureOptions(FormHandle form) {
   Options options = {};
-  options.runDate = today();
+  options.runDate = runDateText(clockNow());
   options.kesto = formIsChecked(form, IDC_BRKUP_KESTO);
   options.sorted = formIsChecked(form, IDC_BRKUP_SORT);
   options.brokerNo = formGetText(form, IDC_BRKUP_BROKER_NO, brokerNoCapture);

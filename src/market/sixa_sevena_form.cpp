@@ -9,7 +9,7 @@
 #include "frame/file_selection.h"
 #include "frame/report_form.h"
 #include "frame/tools.h"
-#include "market/file_name.h"
+#include "frame/file_name.h"
 #include "market/sixa_sevena_file.h"
 #include "market/sixa_sevena_report.h"
 #include "resource.h"

@@ -11,7 +11,7 @@
 #include "frame/file_selection.h"
 #include "frame/report_form.h"
 #include "frame/tools.h"
-#include "market/file_name.h"
+#include "frame/file_name.h"
 #include "market/touchline_file.h"
 #include "market/touchlines_report.h"
 #include "resource.h"

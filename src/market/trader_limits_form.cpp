@@ -10,7 +10,7 @@
 #include "frame/file_selection.h"
 #include "frame/report_form.h"
 #include "frame/tools.h"
-#include "market/file_name.h"
+#include "frame/file_name.h"
 #include "market/trader_limits_file.h"
 #include "market/trader_limits_report.h"
 #include "resource.h"

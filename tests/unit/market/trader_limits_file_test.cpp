@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "desktop/scripted/faults.h"
-#include "market/file_name.h"
+#include "frame/file_name.h"
 #include "market/market_input.h"
 
 namespace quillon {

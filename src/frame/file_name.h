@@ -1,4 +1,4 @@
-// Which files a form of this folder takes, told from the name alone.
+// Which files a form takes, where the name alone tells.
 #pragma once
 
 #include <initializer_list>

@@ -1,4 +1,4 @@
-#include "market/file_name.h"
+#include "frame/file_name.h"
 
 #include <algorithm>
 #include <string>
