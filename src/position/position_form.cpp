@@ -227,8 +227,7 @@ static void onLoad(PositionForm& state) {
     showReply(state.form, at.reply, selectionCancelled);
     return;
   }
-  const std::string name = std::move(fileSelection.fileTitle);
-  fileSelection.fileTitle.clear();
+  const std::string name = std::exchange(fileSelection.fileTitle, {});
 
   Input* const input = inputOpen(state.inputPath, InputKind::binary);
   if (!input) {
