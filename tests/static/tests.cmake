@@ -5,3 +5,4 @@ add_test(NAME static.textsInTranscripts COMMAND ${Python3_EXECUTABLE} ${CMAKE_CU
 add_test(NAME static.textsInTranscriptsItself COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_LIST_DIR}/texts_in_transcripts_test.py)
 set_tests_properties(static.lint static.checks static.textsInTranscripts static.textsInTranscriptsItself
   PROPERTIES LABELS static TIMEOUT 900)
+set_tests_properties(static.checks PROPERTIES COST 950)  # begun early, since it takes long

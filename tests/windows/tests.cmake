@@ -5,3 +5,6 @@ add_test(NAME windows.scripts COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST
 add_test(NAME windows.only COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/only_windows.py --build ${windows_build})
 # One screen and one keyboard: never two at a time.
 set_tests_properties(windows.scripts windows.only PROPERTIES LABELS windows RESOURCE_LOCK wine TIMEOUT 1800)
+# The longest first, so that the short ones fill in beside them.
+set_tests_properties(windows.scripts PROPERTIES COST 1000)
+set_tests_properties(windows.only PROPERTIES COST 900)
