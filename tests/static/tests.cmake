@@ -4,5 +4,5 @@ add_test(NAME static.checks COMMAND ${PROJECT_SOURCE_DIR}/tools/static_checks ${
 add_test(NAME static.textsInTranscripts COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/texts_in_transcripts.py)
 add_test(NAME static.textsInTranscriptsItself COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_LIST_DIR}/texts_in_transcripts_test.py)
 set_tests_properties(static.lint static.checks static.textsInTranscripts static.textsInTranscriptsItself
-  PROPERTIES LABELS static TIMEOUT 900)
+  PROPERTIES LABELS static TIMEOUT 1800)
 set_tests_properties(static.checks PROPERTIES COST 950)  # begun early, since it takes long
