@@ -46,7 +46,7 @@ def today():
 
 def on_another_day(data, run_day, day):
     data = data.replace(run_day, day)
-    return re.sub(rb"(  \d\d-\d\d-)" + run_day[-4:], rb"\g<1>" + day[-4:], data)
+    return re.sub(rb"(  [^\s-]{2}-[^\s-]{2}-)" + run_day[-4:], rb"\g<1>" + day[-4:], data)
 
 
 def on_the_day_of_the_script(case, days, before, after):
