@@ -77,11 +77,8 @@ PageIndex pageIndexStart(std::size_t flowLines) {
 }
 
 static void addPage(PageIndex& index, const PageStart& page) {
-  if (index.pages.size() == mostPages) {
-    index.read.full = true;
-  } else {
-    index.pages.push_back(page);
-  }
+  index.read.full = index.pages.size() == mostPages;
+  if (!index.read.full) index.pages.push_back(page);
 }
 
 // Lines of the open page, up to its last one that shows something.
@@ -121,8 +118,8 @@ static void endStretch(PageIndex& index) {
   ++read.formFeeds;
   read.cuts.clear();
   read.flows = false;
+  read.stretchPage = index.pages.size();
   addPage(index, {read.scanned, read.lines});
-  read.stretchPage = index.pages.size() - 1;
   read.stretchLine = read.lines;
 }
 
