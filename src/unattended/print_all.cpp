@@ -149,34 +149,47 @@ static FileRun startRun(const PrintCall& call, const std::string& name, const Fo
   return run;
 }
 
-// The messages of the run go to standard error; the first of them tells why it failed, where it did.
-static std::string passMessages(const FileRun& run) {
+// Why a run failed, out of its messages: the last box that a user would have seen, the Reply line where there was none, and
+// the program's own words where the form had none at all.
+static std::string whyFailed(const std::vector<std::string>& messages) {
+  std::string box;
+  std::string reply;
+  std::string own;
+  for (const std::string& line : messages) {
+    std::string& told = line.starts_with("quillon-print: ") ? own : line.starts_with("Reply: ") ? reply : box;
+    if (!line.starts_with(" ")) told = line;
+  }
+  if (messages.empty()) return "it came to no end of its own";
+  return !box.empty() ? box : !reply.empty() ? reply : own;
+}
+
+// The messages of the run, which go to standard error on the way.
+static std::vector<std::string> passMessages(const FileRun& run) {
+  std::vector<std::string> lines;
   std::FILE* const file = systemFile(run.messages, false);
-  if (!file) return "it came to no end of its own";
+  if (!file) return lines;
   std::string text;
   char piece[4096];
   for (std::size_t got; (got = std::fread(piece, 1, sizeof piece, file)) > 0;) text.append(piece, got);
   (void)std::fclose(file);
   std::error_code ignored;
   fs::remove(run.messages, ignored);
-  std::string last;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = std::min(text.find('\n', at), text.size());
-    const std::string line = text.substr(at, end - at);
-    std::fprintf(stderr, "%s: %s\n", utf8FromEither(run.name).c_str(), line.c_str());
-    if (last.empty() && !line.ends_with("[yes]") && !line.starts_with(" ")) last = line;
+    lines.push_back(text.substr(at, end - at));
+    std::fprintf(stderr, "%s: %s\n", utf8FromEither(run.name).c_str(), lines.back().c_str());
     at = end + 1;
   }
-  return last.empty() ? "it came to no end of its own" : last;
+  return lines;
 }
 
 // Waits for the run and tells its outcome. True where its report is complete.
 static bool endRun(const FileRun& run) {
   const int status = run.process == noProcess ? -1 : processWait(run.process);
-  const std::string why = passMessages(run);
+  const std::vector<std::string> messages = passMessages(run);
   const bool done = status == printDone;
-  std::printf("%s: %s, %s%s\n", utf8FromEither(run.name).c_str(), run.form,
-              done ? "complete: " : "FAILED: ", done ? utf8FromEither(plainText(run.report)).c_str() : why.c_str());
+  const std::string outcome = done ? "complete: " + utf8FromEither(plainText(run.report)) : "FAILED: " + whyFailed(messages);
+  std::printf("%s: %s, %s\n", utf8FromEither(run.name).c_str(), run.form.c_str(), outcome.c_str());
   std::fflush(stdout);
   return done;
 }

@@ -143,13 +143,12 @@ static bool load(FormHandle form) {
 }
 
 // Presses what makes the report. False where the form does not let it be pressed.
-static bool print(FormHandle form) {
+static bool print() {
   const FormParts& parts = state.call->parts;
   if (parts.printer >= 0) (void)formsPress(parts.printer);
   if (formsPress(parts.print).empty()) return true;
   // The Kesto form set to convert: it wants a name, which stands for the call's output.
   if (parts.convert < 0 || !formsType(parts.outFile, convertedName).empty()) return false;
-  (void)form;
   return formsPress(parts.convert).empty();
 }
 
@@ -164,7 +163,7 @@ static void work() {
   if (!load(form)) return tellReply(toolForm(state.call->form->tool));
   makeSettings(form, true);
   if (!settingsAreMade(form)) return tellReply(form);
-  if (!print(form)) {
+  if (!print()) {
     tell("The form does not print this file.");
     return tellReply(form);
   }
