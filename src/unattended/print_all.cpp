@@ -64,7 +64,7 @@ static constexpr FilesOfForm filesOfForms[] = {
 static bool fits(std::string_view mask, std::string_view name) {
   std::size_t at = 0;
   for (; at < mask.size() && mask[at] != '*'; ++at) {
-    if (at == name.size() || upperCase(mask[at]) != upperCase(name[at])) return false;
+    if (at == name.size() || (mask[at] != '?' && upperCase(mask[at]) != upperCase(name[at]))) return false;
   }
   if (at == mask.size()) return at == name.size();
   mask.remove_prefix(at + 1);
@@ -103,7 +103,7 @@ namespace {
 
 struct FileRun {
   std::string name;
-  std::string form;  // with the label that it is set to
+  std::string form;  // with the label that it is set to; empty: no form knows the file
   fs::path report;
   fs::path messages;
   ProcessHandle process;
@@ -157,7 +157,7 @@ static std::string whyFailed(const std::vector<std::string>& messages) {
   std::string own;
   for (const std::string& line : messages) {
     std::string& told = line.starts_with("quillon-print: ") ? own : line.starts_with("Reply: ") ? reply : box;
-    if (!line.starts_with(" ")) told = line;
+    if (!line.empty() && line[0] != ' ') told = line;
   }
   if (messages.empty()) return "it came to no end of its own";
   return !box.empty() ? box : !reply.empty() ? reply : own;
@@ -183,15 +183,22 @@ static std::vector<std::string> passMessages(const FileRun& run) {
   return lines;
 }
 
-// Waits for the run and tells its outcome. True where its report is complete.
-static bool endRun(const FileRun& run) {
+enum class FileOutcome { complete, failed, unknown };
+
+// Waits for the run and tells its outcome.
+static FileOutcome endRun(const FileRun& run) {
+  const std::string name = utf8FromEither(run.name);
+  if (run.form.empty()) {
+    std::printf("%s: no form knows it\n", name.c_str());
+    return FileOutcome::unknown;
+  }
   const int status = run.process == noProcess ? -1 : processWait(run.process);
   const std::vector<std::string> messages = passMessages(run);
   const bool done = status == printDone;
-  const std::string outcome = done ? "complete: " + utf8FromEither(plainText(run.report)) : "FAILED: " + whyFailed(messages);
-  std::printf("%s: %s, %s\n", utf8FromEither(run.name).c_str(), run.form.c_str(), outcome.c_str());
+  const std::string told = done ? "complete: " + utf8FromEither(plainText(run.report)) : "FAILED: " + whyFailed(messages);
+  std::printf("%s: %s, %s\n", name.c_str(), run.form.c_str(), told.c_str());
   std::fflush(stdout);
-  return done;
+  return done ? FileOutcome::complete : FileOutcome::failed;
 }
 
 // Both lead to the same folder.
@@ -217,23 +224,19 @@ int printAll(const PrintCall& call) {
     return refuse("The folder \"" + call.output + "\" cannot be made.", printFailed);
   }
   std::deque<FileRun> running;
-  int complete = 0;
-  int failed = 0;
+  int counts[3] = {};
   const auto endOldest = [&] {
-    const bool done = endRun(running.front());
+    ++counts[static_cast<int>(endRun(running.front()))];
     running.pop_front();
-    ++(done ? complete : failed);
   };
   for (const std::string& name : names) {
     const std::optional<FormForFile> form = formForFile(call.forms, name);
-    if (!form) {
-      std::printf("%s: no form knows it\n", utf8FromEither(name).c_str());
-      continue;
-    }
     if (running.size() == static_cast<std::size_t>(call.jobs)) endOldest();
-    running.push_back(startRun(call, name, *form));
+    running.push_back(form ? startRun(call, name, *form) : FileRun{name, {}, {}, {}, noProcess});
   }
   while (!running.empty()) endOldest();
+  const int complete = counts[static_cast<int>(FileOutcome::complete)];
+  const int failed = counts[static_cast<int>(FileOutcome::failed)];
   std::printf("%d complete, %d failed\n", complete, failed);
   return failed == 0 && complete > 0 ? printDone : printFailed;
 }

@@ -19,7 +19,8 @@ struct FormForFile {
 // one that lists it. Nothing where none does.
 std::optional<FormForFile> formForFile(const std::vector<FormForMask>& first, std::string_view name);
 
-// A name against a mask such as "TR*.B*", without regard to case; ".*" at a mask's end goes without a dot as well.
+// A name against a mask such as "TR*.B*" or "K?01*.SAV", without regard to case; ".*" at a mask's end goes without a dot as
+// well.
 bool maskFits(std::string_view mask, std::string_view name);
 
 // Prints them, call.jobs at a time, each in a process of its own, and tells the outcome of each on a line of standard output;

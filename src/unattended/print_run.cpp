@@ -49,13 +49,17 @@ static std::string withoutBlanksAround(std::string_view text) {
   return std::string(text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first));
 }
 
-// A box as "TITLE: text", with further lines of the text indented, and a question with its answer.
+// A box as "TITLE: text", with further lines of the text indented, empty ones left out, and a question with its answer.
 static void tellBox(const BoxTold& box) {
   std::string line = withoutBlanksAround(box.title ? box.title : "Error");
   line += ": ";
-  for (const char c : withoutBlanksAround(box.text)) {
-    line += c;
-    if (c == '\n') line += "  ";
+  const std::string text = withoutBlanksAround(box.text);
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find('\n', at), text.size());
+    const std::string piece = withoutBlanksAround(text.substr(at, end - at));
+    if (at > 0 && !piece.empty()) line += "\n  ";
+    line += piece;
+    at = end + 1;
   }
   if (box.isQuestion) line += box.answer == BoxChoice::yes ? " [yes]" : " [no]";
   tell(utf8FromBytes(line));
@@ -67,6 +71,8 @@ static void tellBox(const BoxTold& box) {
 static std::string replyOf(FormHandle form) {
   return withoutBlanksAround(utf8FromBytes(formGetText(form, state.call->parts.reply, longestText)));
 }
+
+static void tellLine(std::string_view text) { tell(utf8FromBytes(withoutBlanksAround(text))); }
 
 // What the form's Reply line says, where the run goes no further: not all failures have a box.
 static void tellReply(FormHandle form) {
@@ -157,6 +163,7 @@ static void work() {
   if (!state.call->clock.empty()) (void)clockStop(state.call->clock);
   filesSetOutput(state.output->written);
   boxesListen(tellBox);
+  appListenToStdout(tellLine);
   const FormHandle form = openForm();
   if (!form) return tell("The form cannot be opened.");
   makeSettings(form, false);
