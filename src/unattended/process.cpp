@@ -30,8 +30,8 @@ static std::wstring inQuotes(const std::wstring& argument) {
 }
 
 ProcessHandle processStart(const std::vector<std::string>& arguments) {
-  wchar_t* program = nullptr;
-  if (_get_wpgmptr(&program) != 0) return noProcess;
+  const wchar_t* const program = _wpgmptr;
+  if (!program) return noProcess;
   std::vector<std::wstring> words = {inQuotes(program)};
   for (const std::string& argument : arguments) words.push_back(inQuotes(systemPath(argument).wstring()));
   std::vector<const wchar_t*> pointers;
