@@ -1,6 +1,7 @@
 #include "unattended/form_options.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "frame/tools.h"
 #include "text/encoding.h"
@@ -174,7 +175,9 @@ static bool answersTo(const FormOption& option, const std::string& word, const s
 std::optional<FormSetting> formSetting(const FormParts& parts, const std::string& word, const std::string& value) {
   for (const FormOption& option : parts.options) {
     if (!answersTo(option, word, value)) continue;
-    return FormSetting{option, value, word != "--uncheck", word + " \"" + value + "\""};
+    std::string asGiven = word;
+    asGiven += " \"" + value + "\"";
+    return FormSetting{option, value, word != "--uncheck", std::move(asGiven)};
   }
   return std::nullopt;
 }

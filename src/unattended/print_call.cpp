@@ -130,7 +130,9 @@ static std::string labelsFor(const FormParts& parts, const std::string& word) {
                                            : option.kind == ControlKind::checkBox;
     if (fits) labels += (labels.empty() ? " It has \"" : ", \"") + option.label + "\"";
   }
-  return labels.empty() ? " It has none." : labels + ".";
+  if (labels.empty()) return " It has none.";
+  labels += '.';
+  return labels;
 }
 
 // An option of the form itself. Gives the problem; empty where it was taken.
@@ -145,6 +147,10 @@ static std::string takeFormOption(const std::string& option, const std::string& 
   const bool byLabel = option == "--sort" || option == "--select" || option == "--check" || option == "--uncheck";
   if (!byLabel) return form + " has no option \"" + option + "\"; quillon-print " + call.form->name + " --help lists them.";
   return form + " has no \"" + value + "\" for " + option + "." + labelsFor(call.parts, option);
+}
+
+static std::string cannotBeDone(const std::string& option, const std::string& value) {
+  return "\"" + option + " " + value + "\" cannot be done.";
 }
 
 // The arguments behind the form or --all. Gives the problem; empty where there is none.
@@ -165,7 +171,7 @@ static std::string takeRest(const std::vector<std::string>& arguments, PrintCall
     bool valid = true;
     if (takeCommon(argument, value, call, valid)) {
       if (last) return "\"" + argument + "\" needs a value behind it.";
-      if (!valid) return "\"" + argument + " " + value + "\" cannot be done.";
+      if (!valid) return cannotBeDone(argument, value);
     } else {
       std::string problem = takeFormOption(argument, value, call);
       if (last && (problem.empty() || call.action == PrintAction::report))

@@ -53,6 +53,7 @@ ProcessHandle processStart(const std::vector<std::string>& arguments) {
   std::vector<std::string> words = {"quillon-print"};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   pid_t process = 0;
