@@ -7,8 +7,10 @@
 //
 // With --leave the program stays open at the end of the commands; otherwise its main window is closed then. With --keep-mutex
 // the mark of a running copy is there before the program starts, and nobody may open it, as when a copy with more rights runs.
-// With --stdout the program has the file as its standard output; otherwise it has none, as when a user starts it. With --hold no
-// program is worked: the desktop is held up for those that follow, from the line that is written until standard input ends.
+// With --stdout the program has the file as its standard output; otherwise it has none, as when a user starts it.
+//
+// With --hold no program is worked: the desktop is held up for those that follow, from the line that is written until standard
+// input ends.
 //
 // It takes the same commands as quillon-script and writes the same JSON lines, as far as they can be seen from outside (what
 // cannot is listed in run_wine.py, which compares the two). Windows are found by class and process, controls by id; the
