@@ -716,7 +716,6 @@ def deletions(seed, count, trn):
     for i, time in enumerate(times(chance, count)):
         fields = orderEvent(chance, i, trn)
         del fields["actionCode"]
-        del fields["thirdRate"]
         fields.update(firstNumber=1 + chance.below(TRADER), lastNumber=trn + 100 * i + 7, message="Order deleted by the administrator")
         records.append(adminDeletion(time, **fields))
     return records
