@@ -5,7 +5,7 @@
 
 namespace quillon {
 
-// From top to bottom, the first that fits: a Kesto file's letter wins over no other, and a deletion log is one under any letter.
+// The first that fits: a deletion log is one under any first letter.
 ConvertKind convertKindOf(const TradeHeader& header) {
   const bool isNormal = header.fileKind == 'N' || header.fileKind == 'V';
   if (isNormal && header.kind == 'T') return ConvertKind::trade;

@@ -22,9 +22,9 @@ enum class ConvertEnd {
 // written as one whatever its kind.
 //
 // Records are read as they are written, so that the memory taken does not grow with the file. A column whose code has no text
-// repeats the one of the line before, and is empty in the first line. `askFormat` tells the user that no format is chosen for an
-// admin file: once, and the end, where its records have 144 bytes; once for each record otherwise. A failed write is remembered
-// by `out`.
+// repeats the one of the line before, and is empty in the first line. `askFormat` tells the user that no format is chosen for
+// an admin file: once, and the end, where its records have 144 bytes; once for each record otherwise. A failed write is
+// remembered by `out`.
 [[nodiscard]] ConvertEnd writeLines(Input& in, Output& out, const TradeHeader& header, ConvertKind kind,
                                     const ConvertRules& rules, std::int64_t recordCount, void (*askFormat)());
 
