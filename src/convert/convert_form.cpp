@@ -96,6 +96,7 @@ struct ConvertForm {
   TradeHeader header;
   ConvertKind kind;
   std::int64_t recordCount;
+  bool formatMissing;  // the user was asked for a format, and no line was written
 };
 
 }  // namespace
@@ -346,6 +347,7 @@ static bool prepareConversion(FormHandle form, const Options& options) {
 
 static FormHandle convertingForm;
 static void askFormat() {
+  state.formatMissing = true;
   appBeep(3);
   showMessage(convertingForm, IDC_CONVERT_REPLY, formTitle, noFormat, BoxIcon::exclamation);
 }
@@ -358,6 +360,7 @@ static bool isConverted(char fileKind) {
 static RunEnd convertFile(FormHandle form, const Options& options) {
   if (!prepareConversion(form, options) || !isConverted(state.header.fileKind)) return RunEnd::refused;
   convertingForm = form;
+  state.formatMissing = false;
   switch (writeLines(*state.input, *state.output, state.header, state.kind, rules, state.recordCount, askFormat)) {
     case ConvertEnd::done:
       break;
@@ -367,11 +370,14 @@ static RunEnd convertFile(FormHandle form, const Options& options) {
       (void)refuse(form, notReadText);
       return RunEnd::refused;
   }
-  return RunEnd::printed;
+  return state.formatMissing ? RunEnd::refused : RunEnd::printed;
 }
 
 static void endRun(FormHandle form, RunEnd end) {
-  if (end == RunEnd::kept) return formSetEnabled(form, IDC_CONVERT_CONVERT, true);
+  if (end == RunEnd::kept) {
+    formSetEnabled(form, IDC_CONVERT_CONVERT, true);
+    return formSetFocus(form, IDC_CONVERT_CONVERT);
+  }
   const bool written = closeAllStreams();
   if (end == RunEnd::printed) {
     if (written) showReply(form, IDC_CONVERT_REPLY, completeText);
