@@ -104,7 +104,8 @@ TEST(ConvertPages, consolidatedOrders) {
   expectApproved("convert/consolidated_lending.txt", linesOfRecords(header, {.isLendingFile = true}, ordinary));
   expectApproved("convert/consolidated_wide_values.txt",
                  linesOfRecords(header, {}, datedOrders(wideConsolidated, "DATE-OF-FIFTEEN")));
-  expectApproved("convert/consolidated_narrow_values.txt", linesOfRecords(header, {}, datedOrders(narrowConsolidated, "3/4/09")));
+  expectApproved("convert/consolidated_narrow_values.txt",
+                 linesOfRecords(header, {}, datedOrders(narrowConsolidated, "3/4/09")));
 }
 
 }  // namespace
