@@ -115,11 +115,12 @@ static ConvertEnd askForEach(const ConvertRun& run) {
 }
 
 static ConvertEnd writeWithoutFormat(const ConvertRun& run) {
-  if (run.rules.adminRec168) return askForEach<AdminRec168>(run);
-  if (!run.rules.adminRec144) return askForEach<AdminRec176>(run);
-  if (run.recordCount <= 0) return ConvertEnd::done;
-  run.askFormat();
-  return ConvertEnd::formatMissing;
+  if (run.rules.adminRec144) {
+    if (run.recordCount <= 0) return ConvertEnd::done;
+    run.askFormat();
+    return ConvertEnd::formatMissing;
+  }
+  return run.rules.adminRec168 ? askForEach<AdminRec168>(run) : askForEach<AdminRec176>(run);
 }
 
 ConvertEnd writeAdminTrades(const ConvertRun& run) {

@@ -1,0 +1,17 @@
+from workfiles import *
+
+old = (order112(recDay=5, recMonth=9, recYear=3, actionCode=14), order112("09:05:03", side="S", trigRate=12000, recYear=103))
+three = (order136(), clientRectification(side="L"), typeRectification(side="S"))
+write("OR211103.LOG", header(kind="O", date="21/11/2003"), *old, order112()[:111])
+write("OR221103.LOG", header(kind="O", date="22/11/2003"), *three)
+write("OR311203.LOG", header(kind="O", date="31/12/2003"), *three)
+write("OR311003.LOG", header(kind="O", date="31/10/2003"), *old)
+write("OR311202.LOG", header(kind="O", date="31/12/2002"), *old)
+write("OR010104.LOG", header(kind="O", date="01/01/2004"), *three)
+write("OR250507.LOG", header(kind="O", date="25/05/2007"), *three)
+write("OR300407.LOG", header(kind="O", date="30/04/2007"), *three)
+write("OR311206.LOG", header(kind="O", date="31/12/2006"), *three)
+write("OR260507.LOG", header(kind="O", date="26/05/2007"), *three)
+write("OR010607.LOG", header(kind="O", date="01/06/2007"), *three)
+write("OR010108.LOG", header(kind="O", date="01/01/2008"), *three)
+write("SOR211103.LOG", header(kind="O", date="21/11/2003"), *three)
