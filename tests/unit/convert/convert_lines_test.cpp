@@ -419,10 +419,13 @@ TEST(ConvertLines, numberOfATradeIsTheSameWhateverItsTypeAndDate) {
 TEST(ConvertLines, adminFileWithoutAFormatAsksOnceAndEndsWhereItsRecordsHave144Bytes) {
   const TradeHeader header = convertHeader('N', 'A');
   makeConvertFile("FORMAT.IN", header, std::vector<AdminRec144>(3));
-  const Converted converted = convertFile("FORMAT.IN", header, {.adminRec144 = true}, 3);
-  EXPECT_EQ(converted.end, ConvertEnd::formatMissing);
-  EXPECT_EQ(formatsAsked, 1);
-  EXPECT_EQ(converted.text, "");
+  // A date before the longest records says nothing of these.
+  for (const bool adminRec168 : {false, true}) {
+    const Converted converted = convertFile("FORMAT.IN", header, {.adminRec144 = true, .adminRec168 = adminRec168}, 3);
+    EXPECT_EQ(converted.end, ConvertEnd::formatMissing);
+    EXPECT_EQ(formatsAsked, 1);
+    EXPECT_EQ(converted.text, "");
+  }
 }
 
 TEST(ConvertLines, longerAdminFilesWithoutAFormatAskForEachRecord) {
