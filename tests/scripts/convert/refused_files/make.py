@@ -1,10 +1,9 @@
 from workfiles import *
 
 # Pairs of letters that are no kind, beside pairs that are
-for letters in ("VO", "VQ", "VL", "BA", "BO", "ST", "NS", "SN", "XT", "CT", "CB", "nt", "NX"):
+for letters in ("VO", "BA", "ST", "SN", "CB", "NX"):
     write(letters + ".BIN", header(fileKind=letters[0], kind=letters[1]), trade144(), trade144())
 write("EMPTY.BIN")
-write("TWO.BIN", b"NT")
 write("CUT.BIN", header()[:23])
 write("HEADER.BIN", header())
 write("HEADERO.BIN", header(kind="O", date="25/05/2009"))
