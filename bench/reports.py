@@ -82,6 +82,18 @@ class Report:
         return made
 
 
+class Conversion(Report):
+    """A file as '|' delimited text: there is no destination to choose, and Convert prints it."""
+
+    def __init__(self, what, sample, layout, words=(), answers=()):
+        super().__init__(f"Convert, {what}", "CONVERT", "CONVERT", sample, layout, words, answers=answers)
+
+    def steps(self, name, output):
+        words = [f"press {IDS['CONVERT_' + word]}" for word in self.words]
+        return [f"tool {self.form}", f"choose export/{name}", f"press {IDS['CONVERT_LOAD']}", *words,
+                f"type {IDS['CONVERT_OUTFILE']} {output}", *self.answers, f"press {IDS['CONVERT_CONVERT']}"]
+
+
 TRADE132, TRADE144 = Binary(24, 132, (66,), (0,)), Binary(24, 144, (86,), (0,))
 KESTO_TRADE = Binary(24, 142, (68,), (0,))
 KESTO_BROKER = Binary(24, 142, (60,), (8,))
@@ -124,4 +136,11 @@ REPORTS = (
     kesto("Kesto breakup", "BreakUp Data Printing", "KB010109.DAT", Lines(0)),
     Report("Kesto net position by client", "PRNTNETPOS", "KNETPOS", "CT010109.B01", KESTO_TRADE, ("CLIENT",), 10),
     Report("Kesto net position by scrip and client", "PRNTNETPOS", "KNETPOS", "CT010109.B01", KESTO_TRADE, ("SCRIP_CLIENT",), 10),
+    Conversion("trades of 132 bytes", "TR010109.B01", TRADE132),
+    Conversion("trades of 144 bytes", "TR250509.B01", TRADE144, answers=("answer yes",)),
+    Conversion("admin trades of 176 bytes", "AD260710.adm", Binary(24, 176, (94,), (8,)), ("BR",)),
+    Conversion("orders", "OR250509.LOG", Binary(24, 136, (48,), (0,))),
+    Conversion("quotes", "QO250509.LOG", Binary(24, 126, (50,), (0,))),
+    Conversion("consolidated orders", "BO250509.BIN", Binary(24, 142, (58,), (8,))),
+    Conversion("Kesto trades", "CT010109.B01", KESTO_TRADE),
 )
