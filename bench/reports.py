@@ -98,17 +98,18 @@ class Report:
 
 
 class Conversion(Report):
-    """It always writes to a file, and a record at a time, so that files of any size convert."""
+    """A file as '|' delimited text: there is no destination to choose, and Convert prints it. A record is in memory at a time, so
+    that files of any size convert."""
 
-    times = 10
     keeps_memory = True
 
-    def __init__(self, what, sample, layout, words=()):
-        super().__init__(what, "CONVERT", "CONVERT", sample, layout, words)
+    def __init__(self, what, sample, layout, words=(), answers=(), times=1):
+        super().__init__(f"Convert, {what}", "CONVERT", "CONVERT", sample, layout, words, answers=answers)
+        self.times = times
 
     def steps(self, name, output):
-        return [f"tool {self.form}", f"choose export/{name}", f"press {IDS['CONVERT_LOAD']}",
-                *(f"press {IDS['CONVERT_' + word]}" for word in self.words),
+        words = [f"press {IDS['CONVERT_' + word]}" for word in self.words]
+        return [f"tool {self.form}", f"choose export/{name}", f"press {IDS['CONVERT_LOAD']}", *words,
                 f"type {IDS['CONVERT_OUTFILE']} {output}", *self.answers, f"press {IDS['CONVERT_CONVERT']}"]
 
 
@@ -154,6 +155,11 @@ REPORTS = (
     kesto("Kesto breakup", "BreakUp Data Printing", "KB010109.DAT", Lines(0)),
     Report("Kesto net position by client", "PRNTNETPOS", "KNETPOS", "CT010109.B01", KESTO_TRADE, ("CLIENT",), 10),
     Report("Kesto net position by scrip and client", "PRNTNETPOS", "KNETPOS", "CT010109.B01", KESTO_TRADE, ("SCRIP_CLIENT",), 10),
-    Conversion("Convert trades of 144 bytes", "TR250509.B01", Repeated(24, 144)),
-    Conversion("Convert order log", "OR250509.LOG", Repeated(24, 136)),
+    Conversion("trades of 132 bytes", "TR010109.B01", Repeated(24, 132), times=10),
+    Conversion("trades of 144 bytes", "TR250509.B01", Repeated(24, 144), answers=("answer yes",)),
+    Conversion("admin trades of 176 bytes", "AD260710.adm", Repeated(24, 176), ("BR",)),
+    Conversion("orders", "OR250509.LOG", Repeated(24, 136), times=10),
+    Conversion("quotes", "QO250509.LOG", Repeated(24, 126)),
+    Conversion("consolidated orders", "BO250509.BIN", Repeated(24, 142)),
+    Conversion("Kesto trades", "CT010109.B01", Repeated(24, 142)),
 )

@@ -382,9 +382,7 @@ inline std::size_t freeSize(const T& value) {
 
 template <Conversion C, LineEnd End, class T>
 inline char* putCell(char* to, const T& value) {
-  if constexpr (C.kind == ConversionKind::character && std::is_same_v<T, SmallText<1>>) {
-    return putView<C, End>(to, value.view());
-  } else if constexpr (C.kind == ConversionKind::character) {
+  if constexpr (C.kind == ConversionKind::character && !std::is_same_v<T, SmallText<1>>) {
     return putCharacter<C, End>(to, static_cast<char>(value));
   } else if constexpr (C.kind == ConversionKind::shortNumber) {
     return putNumber<C>(to, static_cast<std::int16_t>(value));
