@@ -20,6 +20,7 @@ static constexpr NamedForm forms[] = {
     {"6a7a",               tool6A7A},
     {"breakup",            toolBreakup},
     {"broker-query",       toolBrokerQuery},
+    {"convert",            toolConvert},
     {"delivery-slips",     toolDelivery},
     {"kesto",              toolKesto},
     {"kesto-net-position", toolKestoNetPosition},
@@ -154,7 +155,7 @@ std::optional<FormParts> formParts(const NamedForm& form) {
   std::string group;
   std::string label;
   for (const ControlTemplate& control : dialog->controls) takeControl(parts, control, group, label);
-  if (parts.load < 0 || parts.print < 0) return std::nullopt;
+  if (parts.load < 0 || (parts.print < 0 && parts.convert < 0)) return std::nullopt;
   return parts;
 }
 

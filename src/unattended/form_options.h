@@ -36,9 +36,9 @@ struct FormParts {
   std::string resource;
   std::vector<FormOption> options;  // without the destination and the output's name, which -o takes the place of
   int load = -1;
-  int print = -1;
-  int convert = -1;  // the Kesto form's other button; -1: none
-  int printer = -1;  // the radio button of the destination; -1: the form has one destination
+  int print = -1;    // -1: the form prints nothing
+  int convert = -1;  // -1: it converts nothing
+  int printer = -1;  // the radio button of the destination; -1: the form leaves no choice
   int outFile = -1;
   int reply = -1;
 };

@@ -36,6 +36,9 @@ struct FilesOfForm {
 
 static constexpr char kestoKind[] = "--select-type-of-file-to-print";
 
+// Files that the Convert form alone can read, though the masks of others would show them.
+static constexpr const char* convertedFiles[] = {"Adel*.adl", "TrdRect*.*"};
+
 // In this order: the first one that knows a file prints it.
 // clang-format off
 static constexpr FilesOfForm filesOfForms[] = {
@@ -58,6 +61,7 @@ static constexpr FilesOfForm filesOfForms[] = {
     {loadQuoteLog,         LoadVariant::standard,     "quote-log", nullptr, nullptr, false},
     {loadAdminLog,         LoadVariant::standard,     "admin-log", nullptr, nullptr, false},
     {loadBreakup,          LoadVariant::standard,     "breakup", nullptr, nullptr, true},
+    {loadConvert,          LoadVariant::standard,     "convert", nullptr, nullptr, false},  // what has no report becomes lines
 };
 // clang-format on
 
@@ -83,6 +87,9 @@ std::optional<FormForFile> formForFile(const std::vector<FormForMask>& first, st
   for (const FormForMask& told : first) {
     if (!maskFits(told.mask, name)) continue;
     return told.form ? std::optional(FormForFile{told.form->name, told.options}) : std::nullopt;
+  }
+  for (const char* mask : convertedFiles) {
+    if (maskFits(mask, name)) return FormForFile{"convert", {}};
   }
   const std::string upper = upperCased(name);
   for (const FilesOfForm& files : filesOfForms) {
@@ -149,8 +156,8 @@ static FileRun startRun(const PrintCall& call, const std::string& name, const Fo
   return run;
 }
 
-// Why a run failed, out of its messages: the last box that a user would have seen, the Reply line where there was none, and
-// the program's own words where the form had none at all.
+// Why a run failed, out of its messages, in one line: the last box that a user would have seen, the Reply line where there was
+// none, and the program's own words where the form had none at all.
 static std::string whyFailed(const std::vector<std::string>& messages) {
   std::string box;
   std::string reply;
@@ -160,6 +167,7 @@ static std::string whyFailed(const std::vector<std::string>& messages) {
     if (!line.empty() && line[0] != ' ') told = line;
   }
   if (messages.empty()) return "it came to no end of its own";
+  if (upperCased(box).find("COMPLETE") != std::string::npos) return own;  // an error was told ahead of it
   return !box.empty() ? box : !reply.empty() ? reply : own;
 }
 

@@ -32,7 +32,7 @@ static struct {
   const PrintOutput* output;
   std::FILE* messages;
   std::string completion;  // the text of the last box
-  bool errorTold;          // a box told of a file, a block or a device that failed
+  std::string error;       // the first box that told of a file, a block or a device that failed; its first line
   bool complete;
 } state;
 
@@ -65,7 +65,7 @@ static void tellBox(const BoxTold& box) {
   tell(utf8FromBytes(line));
   if (box.isQuestion) return;
   state.completion = upperCased(box.text);
-  state.errorTold = state.errorTold || box.icon == BoxIcon::error;
+  if (box.icon == BoxIcon::error && state.error.empty()) state.error = utf8FromBytes(line.substr(0, line.find('\n')));
 }
 
 static std::string replyOf(FormHandle form) {
@@ -153,7 +153,7 @@ static bool print() {
   const FormParts& parts = state.call->parts;
   if (parts.printer >= 0) (void)formsPress(parts.printer);
   if (formsPress(parts.print).empty()) return true;
-  // The Kesto form set to convert: it wants a name, which stands for the call's output.
+  // A conversion wants a name, which stands for the call's output.
   if (parts.convert < 0 || !formsType(parts.outFile, convertedName).empty()) return false;
   return formsPress(parts.convert).empty();
 }
@@ -174,7 +174,7 @@ static void work() {
     tell("The form does not print this file.");
     return tellReply(form);
   }
-  state.complete = state.completion.find("COMPLETE") != std::string::npos && !state.errorTold && filesOutputMade();
+  state.complete = state.completion.find("COMPLETE") != std::string::npos && state.error.empty() && filesOutputMade();
   if (!state.complete) tellReply(toolForm(state.call->form->tool));
 }
 
@@ -195,9 +195,13 @@ static std::string runForm(const PrintCall& call, const PrintOutput& output) {
   state.call = &call;
   state.output = &output;
   state.completion.clear();
-  state.errorTold = state.complete = false;
+  state.error.clear();
+  state.complete = false;
   (void)scriptRunBy(work, [] { return frameRun(reportForms()); });
-  if (!state.complete) return "no report";
+  if (!state.complete) {
+    const std::string why = state.error.empty() ? "" : " (" + state.error + ")";
+    return "\"" + call.input + "\": no report was made." + why;
+  }
   return call.pdf ? printOutputToPdf(output, fileName(call.input)) : std::string();
 }
 
@@ -213,11 +217,11 @@ int printRun(const PrintCall& call) {
   if (problem.empty()) problem = printOutputBegin(output, call.output);
   if (problem.empty()) {
     problem = runForm(call, output);
-    if (problem.empty())
-      problem = printOutputFinish(output);
-    else
+    if (!problem.empty()) {
       printOutputDrop(output);
-    if (!state.complete) problem = "\"" + call.input + "\": no report was made.";
+    } else {
+      problem = printOutputFinish(output);
+    }
   }
   if (!problem.empty()) tell("quillon-print: " + utf8FromEither(problem));
   if (state.messages != stderr) (void)std::fclose(state.messages);

@@ -26,17 +26,18 @@ TEST(FormOptions, wordsAreComparedWithoutCaseBlanksAndPunctuation) {
 }
 
 TEST(FormOptions, everyFormHasItsParts) {
-  EXPECT_EQ(formNames().size(), 15u);
+  EXPECT_EQ(formNames().size(), 16u);
   for (const NamedForm* form : formNames()) {
     const std::optional<FormParts> parts = formParts(*form);
     ASSERT_TRUE(parts) << form->name;
     EXPECT_GE(parts->load, 0) << form->name;
-    EXPECT_GE(parts->print, 0) << form->name;
+    const bool convert = std::string_view(form->name) == "convert";
+    EXPECT_EQ(parts->print < 0, convert) << form->name;
     EXPECT_GE(parts->reply, 0) << form->name;
     const bool oneDestination = std::string_view(form->name) == "delivery-slips";
-    EXPECT_EQ(parts->printer < 0, oneDestination) << form->name;
+    EXPECT_EQ(parts->printer < 0, oneDestination || convert) << form->name;
     EXPECT_EQ(parts->outFile < 0, oneDestination) << form->name;
-    EXPECT_EQ(parts->convert >= 0, std::string_view(form->name) == "kesto") << form->name;
+    EXPECT_EQ(parts->convert >= 0, convert || std::string_view(form->name) == "kesto") << form->name;
     for (const FormOption& option : parts->options) EXPECT_FALSE(option.label.empty()) << form->name;
   }
 }
@@ -89,6 +90,13 @@ TEST(PrintAll, kestoFilesOfThreeFormsAreToldByTheirNames) {
   EXPECT_EQ(formOf("SKB010109.DAT"), "breakup|--select|Kesto");
   EXPECT_EQ(formOf("SC010109.TSL"), "trader-limits");
   EXPECT_EQ(formOf("KL010109.STRD"), "trader-limits|--select|Kesto");
+}
+
+TEST(PrintAll, whatHasNoReportIsConverted) {
+  EXPECT_EQ(formOf("AD010109.SADM"), "convert");
+  EXPECT_EQ(formOf("TrdRect1.dat"), "convert");
+  EXPECT_EQ(formOf("Adel250509.adl"), "convert");
+  EXPECT_EQ(formOf("SBB250509.BIN"), "convert");
 }
 
 TEST(PrintAll, filesThatAllFilesAloneWouldShowAreKnownByNoForm) {
