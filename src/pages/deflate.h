@@ -1,5 +1,5 @@
 // A small compressor for the pages of a PDF: the zlib format, fixed codes, earlier text within 32 KB looked up. Report pages
-// are mostly blanks and repeated columns, which this takes to about a tenth. The same bytes in give the same bytes out.
+// are mostly blanks and repeated columns, which this takes to about a third. The same bytes in give the same bytes out.
 #pragma once
 
 #include <string>

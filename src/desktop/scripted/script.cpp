@@ -345,7 +345,7 @@ ScriptResult scriptRun(std::string_view commandLines, ScriptProgram program, con
 ScriptResult scriptRunBy(ScriptUser user, ScriptProgram program) {
   state = {};
   state.user = user;
-  const ScriptResult result = run(program, {}, nullptr);
+  ScriptResult result = run(program, {}, nullptr);
   state = {};
   return result;
 }
