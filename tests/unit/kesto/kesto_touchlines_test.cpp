@@ -144,6 +144,7 @@ TEST(KestoTouchlines, fullPageIsFollowedByHeadingOnlyWhereARowFollows) {
   for (int i = 0; i < 50; ++i) fifty += "A|1|2|3|4|5|6|7|8|9|10|OP|11|\n";
   EXPECT_EQ(pagesOf(reportOf(fifty, {50, false})), 1u);
   EXPECT_EQ(pagesOf(reportOf(fifty + "B|2|\n", {50, false})), 2u);
+  EXPECT_EQ(pagesOf(reportOf(fifty, {10, false})), 5u) << "every page holds as many as the first";
 }
 
 // ---- Order ------------------------------------------------------------------------------------------------------------
