@@ -206,6 +206,19 @@ TEST(KestoTouchlines, aFileOfLineOneAloneOrOfNothingHasZeroScrips) {
   EXPECT_EQ(loadOf(std::string(100, 'h') + "\n"), KestoTouchlinesLoad::zeroScrips);  // counted as one line, however it is read
 }
 
+// A header that counts twice is as good as a row behind it, and the pieces of 89 characters behind its first one are rows.
+TEST(KestoTouchlines, linesAreCountedInPiecesOf129Characters) {
+  const auto loadOf = [](std::size_t headerSize) {  // without the line end
+    KestoDayTouchlines file;
+    const TextFile text(std::string(headerSize, 'h') + "\n");
+    const KestoTouchlinesLoad load = loadKestoDayTouchlines(text.open(), file);
+    freeKestoDayTouchlines(file);
+    return load;
+  };
+  EXPECT_EQ(loadOf(128), KestoTouchlinesLoad::zeroScrips);
+  EXPECT_EQ(loadOf(129), KestoTouchlinesLoad::loaded);
+}
+
 TEST(KestoTouchlines, aLineLongerThan89CharactersIsTwoRowsAndTakesNoOthers) {
   std::string line = row("LONG", 89);
   line.insert(89, "TAIL|77|8|");
