@@ -34,7 +34,7 @@ bool anotherFormOpensAFileBeforePrint;
 void eventThenNote(const FormEvent& event) {
   const bool press = event.kind == FormEventKind::press;
   if (press && event.control == IDC_KNETPOS_PRINT && anotherFormOpensAFileBeforePrint) {
-    EXPECT_NE(inputOpen("TWO.B01", InputKind::binary), nullptr);
+    EXPECT_NE(inputOpen("DAY.B01", InputKind::binary), nullptr);
   }
   kestoNetPositionFormEvent(event);
   if (!press) return;
@@ -64,12 +64,15 @@ class KestoNetPositionForm : public testing::Test {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     std::filesystem::current_path(folder);
-    // Two records of zeros, the first of client A and scrip B.
-    std::string bytes(24 + 2 * 142, '\0');
+    // Records of zeros, of a scrip and a client of two spellings: more rows than the list of clients is long, which the form
+    // finds out on its way.
+    std::string bytes(24 + 3 * 142, '\0');
     bytes[0] = 'C';
-    bytes[24 + 4] = 'B';
-    bytes[24 + 68] = 'A';
-    std::ofstream("TWO.B01", std::ios::binary) << bytes;
+    for (std::size_t i = 0; i < 3; ++i) {
+      bytes[24 + i * 142 + 4] = 'B';
+      bytes[24 + i * 142 + 68] = i == 1 ? 'a' : 'A';
+    }
+    std::ofstream("DAY.B01", std::ios::binary) << bytes;
   }
   void TearDown() override {
     printIsEnabledByCancel = anotherFormOpensAFileBeforePrint = false;
@@ -78,7 +81,7 @@ class KestoNetPositionForm : public testing::Test {
   }
 
   static std::string runOf(int view) {
-    return "choose TWO.B01\npress 4024\npress " + std::to_string(view) + "\npress 4033\ntype 4034 A.TXT\npress 4037\n";
+    return "choose DAY.B01\npress 4024\npress " + std::to_string(view) + "\npress 4033\ntype 4034 A.TXT\npress 4037\n";
   }
 
   // A run under the fault, Cancel, and a run without it. True when the fault was met.
@@ -118,17 +121,17 @@ TEST_F(KestoNetPositionForm, everyFaultAtEveryPlaceLeavesNothingBehindAndTheNext
 }
 
 TEST_F(KestoNetPositionForm, fileIsHeldFromTheLoadToCancelOrTheFormsEndAndItsNameIsTakenBack) {
-  scriptRun("tool PRNTNETPOS\nchoose TWO.B01\npress 4024\npress 4038\n", program);
+  scriptRun("tool PRNTNETPOS\nchoose DAY.B01\npress 4024\npress 4038\n", program);
   ASSERT_EQ(heldAfterPress.size(), 2u);
   EXPECT_EQ(heldAfterPress[0].blocks, 1u);
   EXPECT_FALSE(heldAfterPress[0].titleLeft);
   EXPECT_EQ(heldAfterPress[1].blocks, 0u);
-  EXPECT_EQ(scriptRun("tool PRNTNETPOS\nchoose TWO.B01\npress 4024\nclose\n", program).blocksHeld, 0u);
+  EXPECT_EQ(scriptRun("tool PRNTNETPOS\nchoose DAY.B01\npress 4024\nclose\n", program).blocksHeld, 0u);
 }
 
 TEST_F(KestoNetPositionForm, refusedNameClosesEveryStreamAndKeepsTheFile) {
   anotherFormOpensAFileBeforePrint = true;
-  scriptRun("tool PRNTNETPOS\nchoose TWO.B01\npress 4024\npress 4033\ntype 4034 A-B.TXT\npress 4037\n", program);
+  scriptRun("tool PRNTNETPOS\nchoose DAY.B01\npress 4024\npress 4033\ntype 4034 A-B.TXT\npress 4037\n", program);
   ASSERT_EQ(heldAfterPress.size(), 3u);
   EXPECT_EQ(heldAfterPress[2].streams, 0u);
   EXPECT_EQ(heldAfterPress[2].blocks, 1u);
