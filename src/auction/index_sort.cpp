@@ -46,7 +46,10 @@ Extent extentOfBlock(const Sorting& sorting, std::size_t block) {
   return extent;
 }
 
-void refresh(const Sorting& sorting, std::size_t block) {
+// After one rank of the block has become another.
+void refresh(const Sorting& sorting, std::size_t block, std::uint32_t before, std::uint32_t now) {
+  const Extent& own = sorting.nodes[sorting.leaves + block];
+  if (own.low < before && before < own.high && own.low <= now && now <= own.high) return;
   Extent extent = extentOfBlock(sorting, block);
   for (std::size_t node = sorting.leaves + block;;) {
     Extent& known = sorting.nodes[node];
@@ -63,8 +66,8 @@ void exchange(const Sorting& sorting, std::size_t a, std::size_t b) {
   std::swap(sorting.order[a], sorting.order[b]);
   std::swap(sorting.ranks[a], sorting.ranks[b]);
   if (a / blockSize == b / blockSize) return;
-  refresh(sorting, a / blockSize);
-  refresh(sorting, b / blockSize);
+  refresh(sorting, a / blockSize, sorting.ranks[b], sorting.ranks[a]);
+  refresh(sorting, b / blockSize, sorting.ranks[a], sorting.ranks[b]);
 }
 
 // The first place from `from` on, before `limit`, whose rank is above `pivot`; `limit` where there is none.
