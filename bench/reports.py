@@ -59,6 +59,18 @@ class Binary:
         return bytes(head + records)
 
 
+class Repeated:
+    """The records of the sample again and again, as they stand: for what neither sorts nor groups them."""
+
+    def __init__(self, header, size):
+        self.header, self.size = header, size
+
+    def make(self, sample, count, _order):
+        head, body = sample[:self.header], sample[self.header:]
+        found = len(body) // self.size
+        return head + body[:found * self.size] * (count // found) + body[:count % found * self.size]
+
+
 class Lines:
     """A text file: `head` lines that stand once, then lines that are repeated, each with another first number."""
 
@@ -82,6 +94,9 @@ class Lines:
 class Report:
     """`words` are pressed between the load and the print, by the names of resource.h; `goal` is in times the limit."""
 
+    times = 1  # how many times the records of the others
+    keeps_memory = False  # its memory does not grow with the file
+
     def __init__(self, what, form, prefix, sample, layout, words=(), goal=4, before=(), beside=None, answers=("answer yes",)):
         self.what, self.form, self.prefix, self.sample, self.layout = what, form, prefix, sample, layout
         self.words, self.goal, self.before, self.beside, self.answers = words, goal, before, beside, answers
@@ -100,6 +115,22 @@ class Report:
         if self.beside:
             made[self.beside] = (SAMPLES / self.beside).read_bytes()
         return made
+
+
+class Conversion(Report):
+    """A file as '|' delimited text: there is no destination to choose, and Convert prints it. A record is in memory at a time, so
+    that files of any size convert."""
+
+    keeps_memory = True
+
+    def __init__(self, what, sample, layout, words=(), answers=(), times=1):
+        super().__init__(f"Convert, {what}", "CONVERT", "CONVERT", sample, layout, words, answers=answers)
+        self.times = times
+
+    def steps(self, name, output):
+        words = [f"press {IDS['CONVERT_' + word]}" for word in self.words]
+        return [f"tool {self.form}", f"choose export/{name}", f"press {IDS['CONVERT_LOAD']}", *words,
+                f"type {IDS['CONVERT_OUTFILE']} {output}", *self.answers, f"press {IDS['CONVERT_CONVERT']}"]
 
 
 TRADE132, TRADE144 = Binary(24, 132, (66,), (0,)), Binary(24, 144, (86,), (0,))
@@ -144,4 +175,11 @@ REPORTS = (
     kesto("Kesto breakup", "BreakUp Data Printing", "KB010109.DAT", Lines(0)),
     Report("Kesto net position by client", "PRNTNETPOS", "KNETPOS", "CT010109.B01", KESTO_TRADE, ("CLIENT",), 10),
     Report("Kesto net position by scrip and client", "PRNTNETPOS", "KNETPOS", "CT010109.B01", KESTO_TRADE, ("SCRIP_CLIENT",), 10),
+    Conversion("trades of 132 bytes", "TR010109.B01", Repeated(24, 132), times=10),
+    Conversion("trades of 144 bytes", "TR250509.B01", Repeated(24, 144), answers=("answer yes",)),
+    Conversion("admin trades of 176 bytes", "AD260710.adm", Repeated(24, 176), ("BR",)),
+    Conversion("orders", "OR250509.LOG", Repeated(24, 136), times=10),
+    Conversion("quotes", "QO250509.LOG", Repeated(24, 126)),
+    Conversion("consolidated orders", "BO250509.BIN", Repeated(24, 142)),
+    Conversion("Kesto trades", "CT010109.B01", Repeated(24, 142)),
 )

@@ -80,8 +80,8 @@ int wholeRun(const FormUnderTest& form, const std::uint8_t* bytes, std::size_t s
   for (std::size_t i = 0; i < form.choices.size(); ++i) {
     if ((pressed >> i) & 1) commands += press(form.choices[i]);
   }
-  if (form.toFile && moves & 4) {
-    commands += press(form.toFile);
+  if (form.outFile && moves & 4) {
+    if (form.toFile) commands += press(form.toFile);
     commands += "type " + std::to_string(form.outFile) + " " + ((moves & 8) ? name : "OUT.TXT") + "\n";
   }
   if (form.linesPerPage && lines) commands += "type " + std::to_string(form.linesPerPage) + " " + std::to_string(lines - 1) + "\n";

@@ -17,7 +17,7 @@ struct FormUnderTest {
   const char* resource;
   int load, print, cancel;
   int outFile = 0, linesPerPage = 0;       // 0: the form has none
-  int toFile = 0;                          // the radio "File"; 0: it prints to the printer alone
+  int toFile = 0;                          // the radio "File"; 0: it prints to the printer alone, or to files alone
   std::span<const int> choices;            // radios and check boxes to press before Print
   std::span<const char* const> fileNames;  // names that mean different things to the form
   int kindList = 0;                        // a list of kinds, of which one is picked ahead of the load; 0: none

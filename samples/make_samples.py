@@ -12,6 +12,10 @@ sys.path.insert(0, os.path.join(HERE, "..", "tests", "tools"))
 
 from workfiles import (  # noqa: E402
     activity,
+    admin144,
+    admin168,
+    admin176,
+    adminDeletion,
     adminLog,
     auctionHeader,
     broker132,
@@ -35,6 +39,7 @@ from workfiles import (  # noqa: E402
     scripLimit,
     trade132,
     trade144,
+    tradeRectification,
     traderLimit,
     typeRectification,
     write,
@@ -685,6 +690,66 @@ def makeKestoBreakupFiles(folder):
         write(os.path.join(folder, name), lines(*kestoDayBreakups(seed, count)))
 
 
+def adminTrades(seed, date, count, record, trn, sides="BS", **last):
+    """The trades of all the member's traders as its administrator has them. A record of 144 bytes knows no order time."""
+    chance = Chance(seed)
+    groups = {symbol: group for _, symbol, group, _ in SCRIPS}
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        fields = brokerQuery(chance, i, time, date, trn)
+        fields.update(number=fields.pop("trdId"), orderTimeStamp=fields.pop("trnId"), orderType=fields.pop("tradeType"),
+                      side=chance.of(sides), tailText="MUMBAI")
+        if record is admin144:
+            fields.update(numberAtEnd=4001 + i)
+        else:
+            fields.update(orderDateTime=date + " " + before(chance, time), scripGroup=groups[fields["scripId"]],
+                          settlementPart1=2010, settlementPart2=76)
+        if record is admin176:
+            fields.update(lastNumber=trn + 100 * i + 7)
+        records.append(record(**fields))
+    return records
+
+
+def deletions(seed, count, trn):
+    chance = Chance(seed)
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        fields = orderEvent(chance, i, trn)
+        del fields["actionCode"]
+        fields.update(firstNumber=1 + chance.below(TRADER), lastNumber=trn + 100 * i + 7, message="Order deleted by the administrator")
+        records.append(adminDeletion(time, **fields))
+    return records
+
+
+def tradeRectifications(seed, count, trn):
+    chance = Chance(seed)
+    records = []
+    for i, time in enumerate(times(chance, count)):
+        code, _, _, price = chance.of(SCRIPS)
+        client, kind = chance.of(CLIENTS)
+        newClient, newKind = chance.of(CLIENTS)
+        records.append(tradeRectification(time, firstNumber=1 + chance.below(TRADER), secondNumber=code, letter=chance.of("BS"),
+                                          thirdNumber=(1 + chance.below(40)) * 25, fourthNumber=100001 + 3 * i,
+                                          fifthNumber=round(price * 100), number64=trn + 100 * i, firstText=client,
+                                          secondText=newClient, firstClientType=TYPE_CODES[kind],
+                                          secondClientType=TYPE_CODES[newKind], behindTime="%03d" % chance.below(1000),
+                                          message="Client changed" if client != newClient else "Client type changed"))
+    return records
+
+
+def makeConvertFiles(folder):
+    """What only Convert reads. The letter V has records of 168 bytes before 24 July 2010 and of 176 since."""
+    def make(name, letters, date, records):
+        write(os.path.join(folder, name), start(letters[0], date, kind=letters[1]), *records)
+
+    make("AD010109.adm", "NA", "01/01/2009", adminTrades(61, "01/01/2009", 20, admin144, 9010100))
+    make("AD230710.adm", "VA", "23/07/2010", adminTrades(62, "23/07/2010", 24, admin168, 201007230000000))
+    make("AD260710.adm", "VA", "26/07/2010", adminTrades(63, "26/07/2010", 24, admin176, 201007260000000))
+    make("AD260710.SADM", "VA", "26/07/2010", adminTrades(64, "26/07/2010", 12, admin176, 7000000, sides="BL"))
+    make("Adel250509.adl", "NJ", "25/05/2009", deletions(65, 16, 200905250000000))
+    make("TrdRect250509.dat", "SS", "25/05/2009", tradeRectifications(66, 12, 200905250000000))
+
+
 if __name__ == "__main__":
     folder = sys.argv[1] if len(sys.argv) > 1 else os.path.join(HERE, "export")
     makeTradeFiles(folder)
@@ -697,3 +762,4 @@ if __name__ == "__main__":
     make6A7AFiles(folder)
     makeOrderAndQuoteLogs(folder)
     makeKestoBreakupFiles(folder)
+    makeConvertFiles(folder)

@@ -3,6 +3,7 @@
 #include "auction/auction_form.h"
 #include "auction/delivery_form.h"
 #include "brokerquery/broker_form.h"
+#include "convert/convert_form.h"
 #include "logs/admin_log_form.h"
 #include "market/breakup_form.h"
 #include "market/sixa_sevena_form.h"
@@ -17,7 +18,6 @@
 
 namespace quillon {
 
-// Tools whose forms are not here have no dialog resource either: pressing them shows "Dialog Creation Failed".
 static constexpr FormEntry entries[] = {
     {"PRNTRPT", tradesFormEvent},
     {"PRNTNP", netPositionFormEvent},
@@ -34,6 +34,7 @@ static constexpr FormEntry entries[] = {
     {"PRNTQUOTELOG", quoteLogFormEvent},
     {"PRNTNETPOS", kestoNetPositionFormEvent},
     {"PRNTVQLS", kestoFormEvent},
+    {"CONVERT", convertFormEvent},
 };
 
 std::span<const FormEntry> reportForms() { return entries; }

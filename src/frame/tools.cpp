@@ -61,14 +61,12 @@ static int positionOf(int tool) {
   return -1;
 }
 
-// A form without a handler here has no resource either, so that the desktop refuses it.
-static void ignoreEvent(const FormEvent&) {}
-
+// Null for a form that this program does not have.
 static FormHandler handlerOf(const char* resource) {
   for (const FormEntry& entry : state.forms) {
     if (std::strcmp(entry.resource, resource) == 0) return entry.handler;
   }
-  return ignoreEvent;
+  return nullptr;
 }
 
 namespace {
@@ -89,7 +87,8 @@ static constexpr CreationFailure ownFailures[] = {
 };
 
 static FormHandle createDialog(const ToolButton& button) {
-  const FormHandle form = formCreate(button.form, handlerOf(button.form));
+  const FormHandler handler = handlerOf(button.form);
+  const FormHandle form = handler ? formCreate(button.form, handler) : nullptr;
   if (form) return form;
   const auto isOwn = [&button](const CreationFailure& row) { return row.tool == button.tool; };
   const auto own = std::find_if(std::begin(ownFailures), std::end(ownFailures), isOwn);

@@ -338,7 +338,8 @@ inline constexpr bool isFreeText = isPointerText<T> || std::is_same_v<T, std::st
 template <Conversion C, class T>
 consteval bool checkArgument() {
   if constexpr (C.kind == ConversionKind::character) {
-    static_assert(isWholeNumber<T> && sizeof(T) <= 4, "%c and %lc take a character or a whole number of at most 32 bits");
+    static_assert((isWholeNumber<T> && sizeof(T) <= 4) || std::is_same_v<T, SmallText<1>>,
+                  "%c and %lc take a character, a whole number of at most 32 bits, or a character that may be missing");
   } else if constexpr (C.kind == ConversionKind::number || C.kind == ConversionKind::shortNumber) {
     static_assert(isWholeNumber<T> && sizeof(T) <= 4, "%d, %ld and %hd take a whole number of at most 32 bits; see %I64d");
   } else if constexpr (C.kind == ConversionKind::number64) {
@@ -381,7 +382,7 @@ inline std::size_t freeSize(const T& value) {
 
 template <Conversion C, LineEnd End, class T>
 inline char* putCell(char* to, const T& value) {
-  if constexpr (C.kind == ConversionKind::character) {
+  if constexpr (C.kind == ConversionKind::character && !std::is_same_v<T, SmallText<1>>) {
     return putCharacter<C, End>(to, static_cast<char>(value));
   } else if constexpr (C.kind == ConversionKind::shortNumber) {
     return putNumber<C>(to, static_cast<std::int16_t>(value));

@@ -3,7 +3,8 @@
 // The format is read while compiling; a wrong count or type of arguments does not compile. What comes out is to the character
 // what the C library prints, on every platform alike and without a locale; doubles are rounded from their exact binary value.
 //
-//   %c %lc              a character or a small whole number; 0 comes out as a NUL byte
+//   %c %lc              a character or a small whole number; 0 comes out as a NUL byte. A SmallText<1> is a character
+//                       that may be missing: the cell is then empty
 //   %d %ld %hd          whole numbers of at most 32 bits; %hd keeps the lower 16 bits
 //   %I64d               whole numbers of at most 64 bits
 //   %f %lf              double

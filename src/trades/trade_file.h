@@ -40,11 +40,11 @@ struct TradeRec132 {
   TextField<15> time;
   TextField<15> date;  // not printed by any report
   TextField<12> clientId;
-  char side;             // 'B' buy, 'S' sell
-  char tradeType;        // 'O': an odd-lot trade
-  std::int64_t trnId;    // transaction number
-  TextField<10> cliTyp;  // client type, such as "CLIENT_SD"
-  char unread[34];
+  char side;                 // 'B' buy, 'S' sell
+  char tradeType;            // 'O': an odd-lot trade
+  std::int64_t trnId;        // transaction number
+  TextField<10> cliTyp;      // client type, such as "CLIENT_SD"
+  TextField<34> clientText;  // second client text; not printed by any report
 };
 
 struct TradeRec144 {
@@ -108,7 +108,7 @@ static_assert(offsetof(TradeRec132, traderId) == 32  && offsetof(TradeRec132, ti
 static_assert(offsetof(TradeRec132, date) == 51      && offsetof(TradeRec132, clientId) == 66);
 static_assert(offsetof(TradeRec132, side) == 78      && offsetof(TradeRec132, tradeType) == 79);
 static_assert(offsetof(TradeRec132, trnId) == 80     && offsetof(TradeRec132, cliTyp) == 88);
-static_assert(offsetof(TradeRec132, unread) == 98);
+static_assert(offsetof(TradeRec132, clientText) == 98);
 
 static_assert(sizeof(TradeRec144) == 144);
 static_assert(offsetof(TradeRec144, scripCode) == 0  && offsetof(TradeRec144, scripId) == 4);

@@ -253,20 +253,6 @@ def forms_of_tools(folder):
         return dict(re.findall(r'\{(tool\w+),\s*\d+,\s*"[^"]*",\s*"(\w+)"', file.read()))
 
 
-def codes_in_use(folder, sources):
-    """The names of the load requests that some form makes."""
-    used = set()
-    for path in sources:
-        with open(os.path.join(folder, path), encoding="utf-8") as file:
-            used.update(re.findall(r"\bload[A-Z0-9]\w*", file.read()))
-    return used
-
-
-def without_unused_requests(source, used):
-    """The table of load requests without the rows of forms that are not in this version."""
-    return re.sub(r"\{\s*(load\w+)\s*,[^{}]*\}\s*,", lambda row: row.group(0) if row.group(1) in used else "", source)
-
-
 def main():
     listing = "--list" in sys.argv
     arguments = [argument for argument in sys.argv[1:] if argument != "--list"]
@@ -279,7 +265,6 @@ def main():
     form_files = [path for path in relative("*/*_form.cpp") + relative("*/*_tool.cpp") if not path.startswith("src/frame/")]
     frame_files = [path for path in relative("frame/*.cpp") + relative("frame/*.h") if path not in NOT_SHOWN_FILES]
     tools = forms_of_tools(folder)
-    used_codes = codes_in_use(folder, form_files)
     transcripts = read_transcripts(folder)
     everything = set().union(*(shown for _, shown in transcripts))
 
@@ -287,8 +272,6 @@ def main():
     for path in form_files + frame_files:
         with open(os.path.join(folder, path), encoding="utf-8") as file:
             source = file.read()
-        if path == "src/frame/file_selection.cpp":
-            source = without_unused_requests(source, used_codes)
         forms = {tools[name] for name in re.findall(r"\btool[A-Z0-9]\w*", source) if name in tools}
         shown = everything
         if path in form_files and forms:

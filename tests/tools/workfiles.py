@@ -272,6 +272,99 @@ QUOTE = Layout(
     ("message", 86, 40, "text"),
 )
 
+# The trades of a member as the administrator's workstation has them. Time and date are closed by force at 53 and 70.
+ADMIN144 = Layout(
+    144,
+    ("leadingNumber", 0, 4, "number"),
+    ("traderNo", 4, 4, "number"),
+    ("scripCode", 8, 4, "number"),
+    ("scripId", 12, 12, "text"),
+    ("number", 24, 4, "number"),
+    ("rate", 28, 4, "number"),  # hundredths
+    ("qty", 32, 4, "number"),
+    ("counterBroker", 36, 4, "number"),
+    ("counterTrader", 40, 4, "number"),
+    ("tradeTime", 44, 15, "text"),
+    ("tradeDate", 59, 15, "text"),
+    ("clientId", 74, 12, "text"),
+    ("side", 86, 1, "char"),
+    ("orderType", 87, 1, "char"),
+    ("orderTimeStamp", 88, 8, "number"),
+    ("instId", 96, 10, "text"),
+    ("tailText", 106, 14, "text"),
+    ("numberAtEnd", 120, 4, "number"),
+)
+
+ADMIN168_FIELDS = (
+    ("leadingNumber", 0, 4, "number"),
+    ("traderNo", 4, 4, "number"),
+    ("scripCode", 8, 4, "number"),
+    ("scripId", 12, 12, "text"),
+    ("number", 24, 4, "number"),
+    ("rate", 28, 4, "number"),  # hundredths
+    ("qty", 32, 4, "number"),
+    ("counterBroker", 36, 4, "number"),
+    ("counterTrader", 40, 4, "number"),
+    ("tradeTime", 44, 15, "text"),
+    ("tradeDate", 59, 15, "text"),
+    ("orderDateTime", 74, 20, "text"),  # "dd/mm/yyyy hh:mm:ss"
+    ("clientId", 94, 12, "text"),
+    ("side", 106, 1, "char"),
+    ("orderType", 107, 1, "char"),
+    ("orderTimeStamp", 108, 8, "number"),
+    ("instId", 116, 10, "text"),
+    ("tailText", 126, 14, "text"),
+    ("settlementPart1", 140, 4, "number"),
+    ("settlementPart2", 144, 4, "number"),
+    ("scripGroup", 148, 20, "text"),
+)
+
+ADMIN168 = Layout(168, *ADMIN168_FIELDS)
+
+ADMIN176 = Layout(176, *ADMIN168_FIELDS, ("lastNumber", 168, 8, "number"))
+
+ADMIN_DELETION = Layout(
+    142,
+    ("scripCode", 0, 4, "number"),
+    ("qty", 4, 4, "number"),
+    ("revQty", 8, 4, "number"),
+    ("limitRate", 12, 4, "number"),  # hundredths
+    ("trigRate", 16, 4, "number"),
+    ("orderId", 24, 8, "number"),
+    ("retention", 32, 2, "number"),
+    ("clientType", 34, 2, "number"),
+    ("orderType", 36, 1, "char"),
+    ("side", 37, 1, "char"),
+    ("hour", 38, 1, "number"),
+    ("minute", 39, 1, "number"),
+    ("second", 40, 1, "number"),
+    ("clientId", 46, 12, "text"),
+    ("scripId", 58, 12, "text"),
+    ("message", 70, 40, "text"),
+    ("firstNumber", 110, 4, "number"),
+    ("lastNumber", 134, 8, "number"),
+)
+
+TRADE_RECTIFICATION = Layout(
+    156,
+    ("firstNumber", 0, 4, "number"),
+    ("secondNumber", 4, 4, "number"),
+    ("letter", 8, 1, "char"),
+    ("thirdNumber", 10, 4, "number"),
+    ("fourthNumber", 14, 4, "number"),
+    ("fifthNumber", 18, 4, "number"),
+    ("number64", 22, 8, "number"),
+    ("firstText", 30, 12, "text"),
+    ("secondText", 42, 12, "text"),
+    ("firstClientType", 54, 2, "number"),
+    ("secondClientType", 56, 2, "number"),
+    ("message", 108, 40, "text"),
+    ("hour", 148, 1, "number"),
+    ("minute", 149, 1, "number"),
+    ("second", 150, 1, "number"),
+    ("behindTime", 151, 5, "text"),
+)
+
 
 AUCTION_HEADER = Layout(
     62,
@@ -619,6 +712,46 @@ def quote(time="10:15:30", **fields):
                   actionCode=1, bidClientId="C0001", offerClientId="C0002", scripId="AXLE", message="Quote accepted")
     values.update(fields)
     return QUOTE.pack(values)
+
+
+ADMIN_VALUES = dict(leadingNumber=1, traderNo=7, scripCode=500010, scripId="AXLE", number=1001, rate=12345, qty=100,
+                    counterBroker=12, counterTrader=3, tradeTime="10:15:30", tradeDate="01/01/2009", clientId="C0001", side="B",
+                    orderType="L", orderTimeStamp=90101000001, instId="CLIENT", tailText="")
+
+
+def admin144(**fields):
+    return ADMIN144.pack(dict(ADMIN_VALUES, **dict(dict(numberAtEnd=4001), **fields)))
+
+
+def longAdmin(fields):
+    values = dict(ADMIN_VALUES, tradeDate="25/05/2010", orderDateTime="25/05/2010 10:15:01", settlementPart1=2010,
+                  settlementPart2=37, scripGroup="A")
+    values.update(fields)
+    return values
+
+
+def admin168(**fields):
+    return ADMIN168.pack(longAdmin(fields))
+
+
+def admin176(**fields):
+    return ADMIN176.pack(longAdmin(dict(dict(lastNumber=201007260000001), **fields)))
+
+
+def adminDeletion(time="10:15:30", **fields):
+    values = dict(clockFields(time), scripCode=500010, qty=100, revQty=40, limitRate=12345, trigRate=0, orderId=90525000001,
+                  retention=3, clientType=30, orderType="L", side="B", clientId="C0001", scripId="AXLE",
+                  message="Order deleted", firstNumber=7, lastNumber=200905250000001)
+    values.update(fields)
+    return ADMIN_DELETION.pack(values)
+
+
+def tradeRectification(time="10:15:30", **fields):
+    values = dict(clockFields(time), firstNumber=7, secondNumber=500010, letter="B", thirdNumber=100, fourthNumber=1001,
+                  fifthNumber=12345, number64=200905250000001, firstText="C0001", secondText="C0002", firstClientType=30,
+                  secondClientType=20, message="Client changed", behindTime="250")
+    values.update(fields)
+    return TRADE_RECTIFICATION.pack(values)
 
 
 def write(name, *pieces):

@@ -60,7 +60,7 @@ TEST(Script, quitAndTheEndOfTheCommandsCloseEveryForm) {
 // Broker Query is not in the frame's list for the shut-down: it goes with its owner.
 TEST(Script, formThatTheShutDownPassesOverGoesWithItsOwner) {
   const ScriptResult result = scriptRun("tool PRNTBRKREP\ntool PRNTRPT\nquit\n", [] {
-    static constexpr FormEntry forms[] = {{"PRNTRPT", tradesTestEvent}};
+    static constexpr FormEntry forms[] = {{"PRNTRPT", tradesTestEvent}, {"PRNTBRKREP", [](const FormEvent&) {}}};
     return frameRun(forms);
   });
   const Lines lines = splitLines(result.transcript);

@@ -51,6 +51,13 @@ TEST(Print, characters) {
 
 TEST(Print, characterZeroIsANulByte) { EXPECT_EQ(printed<"a%cb%2lcc">(0, 0), "a\0b \0c"s); }
 
+TEST(Print, missingCharacterLeavesItsCellEmpty) {
+  const SmallText<1> missing = {}, letter = {1, {'A'}}, lineFeed = {1, {'\n'}};
+  EXPECT_EQ(printed<"|%c|%c|">(missing, letter), "||A|");
+  EXPECT_EQ(printed<"|%3c|%-3c|%3c|%-3c|">(missing, missing, letter, letter), "|   |   |  A|A  |");
+  EXPECT_EQ(printed<"%c">(lineFeed), "\r\n");
+}
+
 TEST(Print, highCharacterIsItsByte) { EXPECT_EQ(printed<"%c%c%s">('\xe9', 0xe9, "\xe9"), "\xe9\xe9\xe9"); }
 
 TEST(Print, wholeNumbersKeepTheirWidthOrGrowBeyondIt) {

@@ -60,11 +60,12 @@ class Faults : public InOwnFolder {
     if (!ended) {
       EXPECT_EQ(readWhole("AGAIN.TXT"), wanted) << "the run after the fault\n" << outcome.transcript;
     }
-    if (met) {
+    const bool atProposal = run.proposesAtLoad && number == 1 && !andAllLater && (fault == Fault::open || fault == Fault::read);
+    if (met && !atProposal) {
       const bool onReply = !run.read.empty();
       EXPECT_TRUE(onReply || outcome.transcript.find("\"icon\":\"error\"") != std::string::npos) << outcome.transcript;
       EXPECT_NE(outcome.transcript.find(told(run, fault)), std::string::npos) << outcome.transcript;
-    } else {
+    } else if (!met) {
       EXPECT_EQ(readWhole("OUT.TXT"), wanted);
     }
     return met;

@@ -267,6 +267,24 @@ static FormRun kesto(const char* name, const char* kind, const char* sample, std
           .read = "Error "};
 }
 
+static FormRun convert(const char* name, const char* sample, std::vector<int> options = {}) {
+  return {.name = name,
+          .form = "CONVERT",
+          .sample = sample,
+          .load = IDC_CONVERT_LOAD,
+          .print = IDC_CONVERT_CONVERT,
+          .cancel = IDC_CONVERT_CANCEL,
+          .file = 0,
+          .outFile = IDC_CONVERT_OUTFILE,
+          .options = std::move(options),
+          .memory = "",
+          .open = "Error In Opening Binary File.....",
+          .create = "Error opening Output File",
+          .seek = "Error",  // of counting, or of reading the file again
+          .tell = "Error-2 In Calculating No Of Records",
+          .proposesAtLoad = true};
+}
+
 const std::vector<FormRun>& allRuns() {
   static const std::vector<FormRun> runs = {
       trades("trades of 132 bytes with the net position", "TR010109.B01", {IDC_TRADES_NETPOS}),
@@ -332,6 +350,18 @@ const std::vector<FormRun>& allRuns() {
             "Trader Limits Data: Memory Allocation Failure", "fseek failed"),
       kesto("Kesto trader limits by scrip", "Traders Limit Printing", "KS010109.TSL", {},
             "Trader Limits Data: Memory Allocation Failure", "fseek failed"),
+      convert("trades converted", "TR250509.B01"),
+      convert("broker query of the lending market converted", "BR250509.SBIN"),
+      convert("Kesto trades converted", "CT010109.B01"),
+      convert("admin trades of 144 bytes converted in the Br format", "AD010109.adm", {IDC_CONVERT_BR}),
+      convert("admin trades of 168 bytes converted", "AD230710.adm"),
+      convert("order log converted", "OR250509.LOG"),
+      convert("rectified clients converted", "SOR250509.LOG", {IDC_CONVERT_CLIENT_RECTIFICATION}),
+      convert("order log of 112 bytes converted", "OR211103.LOG"),
+      convert("quote log converted", "QO250509.LOG"),
+      convert("consolidated order log converted", "BO250509.BIN"),
+      convert("deletions of the administrator converted", "Adel250509.adl"),
+      convert("rectified trades converted", "TrdRect250509.dat"),
   };
   return runs;
 }
@@ -340,8 +370,9 @@ std::string loadAndPrint(const FormRun& run, const std::string& out) {
   const auto press = [](int control) { return "press " + std::to_string(control) + "\n"; };
   std::string commands = "choose " + run.sample + "\n" + press(run.load);
   for (int option : run.options) commands += press(option);
-  if (!run.file) return commands + "printer " + out + "\n" + press(run.print);
-  return commands + press(run.file) + "type " + std::to_string(run.outFile) + " " + out + "\n" + press(run.print);
+  if (!run.outFile) return commands + "printer " + out + "\n" + press(run.print);
+  if (run.file) commands += press(run.file);
+  return commands + "type " + std::to_string(run.outFile) + " " + out + "\n" + press(run.print);
 }
 
 std::string commandsOf(const FormRun& run, const std::string& out) {

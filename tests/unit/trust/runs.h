@@ -17,7 +17,7 @@ struct FormRun {
   std::string name;
   const char* form;    // its resource
   std::string sample;  // under samples/export
-  int load, print, cancel, file, outFile;  // file 0: the form prints to the printer alone
+  int load, print, cancel, file, outFile;  // outFile 0: the form prints to the printer alone; file 0: it prints to files alone
   std::vector<int> options;  // pressed after the load
   std::vector<std::string> beside = {};  // other samples that the run reads, in full
   // What must be shown when a use of the kind fails; empty: any box with an error icon. A form with no text for memory may take
@@ -38,6 +38,8 @@ struct FormRun {
   std::string read = {};
   // Of a form that tells what is wrong with a file on its Reply line alone: that control.
   int reply = 0;
+  // Of a form whose load looks into the file for a proposal alone: what fails there is not told, and the run goes on.
+  bool proposesAtLoad = false;
 };
 
 const std::vector<FormRun>& allRuns();
