@@ -421,10 +421,12 @@ TEST(ConvertLines, adminFileWithoutAFormatAsksOnceAndEndsWhereItsRecordsHave144B
   makeConvertFile("FORMAT.IN", header, std::vector<AdminRec144>(3));
   // A date before the longest records says nothing of these.
   for (const bool adminRec168 : {false, true}) {
-    const Converted converted = convertFile("FORMAT.IN", header, {.adminRec144 = true, .adminRec168 = adminRec168}, 3);
-    EXPECT_EQ(converted.end, ConvertEnd::formatMissing);
-    EXPECT_EQ(formatsAsked, 1);
-    EXPECT_EQ(converted.text, "");
+    for (const int count : {1, 3}) {
+      const Converted converted = convertFile("FORMAT.IN", header, {.adminRec144 = true, .adminRec168 = adminRec168}, count);
+      EXPECT_EQ(converted.end, ConvertEnd::formatMissing);
+      EXPECT_EQ(formatsAsked, 1);
+      EXPECT_EQ(converted.text, "");
+    }
   }
 }
 
