@@ -194,6 +194,10 @@ static void onCancel(FormHandle form) {
   resetForm(form);
 }
 
+static void onDestroyed(FormHandle) {
+  if (state.input) inputClose(state.input);  // a file that was loaded and not printed
+}
+
 // ---- A run ------------------------------------------------------------------------------------------------------------
 
 static Options captureOptions(FormHandle form) {
@@ -489,6 +493,7 @@ static constexpr FormFrame frame = {
     .outFileControls = outFileControls,
     .outFile = IDC_TRADES_OUTFILE,
     .outFileLimit = outFileLimit,
+    .destroyed = onDestroyed,
 };
 
 void tradesFormEvent(const FormEvent& event) { reportFormEvent(frame, event); }

@@ -1,8 +1,9 @@
 # What is checked by reading the sources.
 add_test(NAME static.lint COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/lint.py)
-add_test(NAME static.checks COMMAND ${PROJECT_SOURCE_DIR}/tools/static_checks ${CMAKE_BINARY_DIR})
+add_test(NAME static.tidy COMMAND ${PROJECT_SOURCE_DIR}/tools/static_checks tidy ${CMAKE_BINARY_DIR})
+add_test(NAME static.cppcheck COMMAND ${PROJECT_SOURCE_DIR}/tools/static_checks cppcheck ${CMAKE_BINARY_DIR})
 add_test(NAME static.textsInTranscripts COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/texts_in_transcripts.py)
 add_test(NAME static.textsInTranscriptsItself COMMAND ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_LIST_DIR}/texts_in_transcripts_test.py)
-set_tests_properties(static.lint static.checks static.textsInTranscripts static.textsInTranscriptsItself
+set_tests_properties(static.lint static.tidy static.cppcheck static.textsInTranscripts static.textsInTranscriptsItself
   PROPERTIES LABELS static TIMEOUT 1800)
-set_tests_properties(static.checks PROPERTIES COST 950)  # begun early, since it takes long
+set_tests_properties(static.tidy PROPERTIES COST 950)  # begun early, since it takes long

@@ -43,6 +43,7 @@ class Desktop:
         self.dpi = dpi
         self.frame_buffers = frame_buffers
         self.screen = None
+        self.session = None
         self.lock = None
         self.keep_open = False
         self.environment = dict(os.environ, WINEPREFIX=self.prefix, WINEARCH="win64", WINEDEBUG="-all",
@@ -57,12 +58,18 @@ class Desktop:
                 self._start_screen()
             self._make_prefix()
             self._configure()
+            if self.own_screen:
+                self._start_session()
         except BaseException:
             self.__exit__()
             raise
         return self
 
     def __exit__(self, *_):
+        if self.session:
+            self.session.stdin.close()
+            self.session.wait(START_SECONDS)
+            self.session.stdout.close()
         if not self.keep_open:
             subprocess.run(["wineserver", "-k"], env=self.environment, check=False, timeout=START_SECONDS)
         if self.screen:
@@ -108,6 +115,18 @@ class Desktop:
             file.write(text)
         self.wine(["regedit", "/S", windows_path(kept)])
         subprocess.run(["wineserver", "-w"], env=self.environment, check=True, timeout=START_SECONDS)
+
+    def _start_session(self):
+        """Somebody who is logged on and does nothing, until the end.
+
+        Without any program Wine ends its desktop and its services: each script would wait some three seconds for them to go
+        down and come up again. They keep the pipe open that the first program has for its words, so that who reads it to its
+        end waits for all of them. Hence one line is read here, and the driver's programs find the services there already.
+        """
+        self.session = subprocess.Popen(["wine", self.driver, "--hold"], env=self.environment, stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        if not self.session.stdout.readline():
+            raise DesktopError("nobody could log on to the desktop")
 
     def wine(self, arguments):
         subprocess.run(["wine"] + arguments, env=self.environment, check=True, timeout=START_SECONDS,

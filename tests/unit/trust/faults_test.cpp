@@ -117,5 +117,21 @@ TEST_F(Faults, leaveNoBlockAndNoStreamWhenTheProgramEndsWithoutAnotherRun) {
   }
 }
 
+// Some forms hold their file open, or its records, from Load on.
+TEST_F(Faults, formClosedBetweenLoadAndPrintLeavesNoBlockAndNoStream) {
+  for (const FormRun& run : allRuns()) {
+    SCOPED_TRACE(run.name);
+    writeFile(run.sample, sampleBytes(run));
+    const std::string whole = commandsOf(run, "OUT.TXT");
+    const std::size_t print = whole.rfind("press " + std::to_string(run.print) + "\n");
+    ASSERT_NE(print, std::string::npos);
+    const Outcome outcome = runProgram(whole.substr(0, print) + "close\n");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.blocksHeld, 0u) << outcome.transcript;
+    EXPECT_EQ(outcome.streamsOpen, 0u) << outcome.transcript;
+    EXPECT_FALSE(std::filesystem::exists("OUT.TXT"));
+  }
+}
+
 }  // namespace
 }  // namespace quillon::test

@@ -1,12 +1,16 @@
 // Works quillon.exe from outside, as a user at the screen does, and writes what that user sees.
 //
 //   quillon-driver.exe [--leave] [--keep-mutex] [--stdout FILE] QUILLON.EXE [SCRIPT]
+//   quillon-driver.exe --hold
 //
 // in the folder in which the program is to run.
 //
 // With --leave the program stays open at the end of the commands; otherwise its main window is closed then. With --keep-mutex
 // the mark of a running copy is there before the program starts, and nobody may open it, as when a copy with more rights runs.
 // With --stdout the program has the file as its standard output; otherwise it has none, as when a user starts it.
+//
+// With --hold no program is worked: the desktop is held up for those that follow, from the line that is written until standard
+// input ends.
 //
 // It takes the same commands as quillon-script and writes the same JSON lines, as far as they can be seen from outside (what
 // cannot is listed in run_wine.py, which compares the two). Windows are found by class and process, controls by id; the
@@ -139,6 +143,14 @@ static bool readLine(std::FILE* file, std::string& line) {
   return true;
 }
 
+// A desktop stays up as long as a program that has windows, or may have, is there.
+static void holdDesktop() {
+  GetDesktopWindow();
+  write("{\"held\":true}");
+  while (std::getchar() != EOF) {
+  }
+}
+
 }  // namespace driving
 
 using namespace driving;
@@ -150,6 +162,10 @@ int wmain(int count, wchar_t** arguments) {
     if (found) ++next;
     return found;
   };
+  if (isNext(L"--hold")) {
+    holdDesktop();
+    return 0;
+  }
   const bool leave = isNext(L"--leave");
   if (isNext(L"--keep-mutex")) keepMutex();
   const wchar_t* const output = isNext(L"--stdout") && next < count ? arguments[next++] : nullptr;

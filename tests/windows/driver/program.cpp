@@ -36,7 +36,11 @@ LRESULT ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 std::wstring textOf(HWND window) {
-  std::wstring text(static_cast<std::size_t>(ask(window, WM_GETTEXTLENGTH)) + 1, L'\0');
+  constexpr std::size_t most = 512;  // of texts as they come; each question costs a way to the program and back
+  std::wstring text(most, L'\0');
+  text.resize(static_cast<std::size_t>(ask(window, WM_GETTEXT, most, reinterpret_cast<LPARAM>(text.data()))));
+  if (text.size() + 1 < most) return text;
+  text.resize(static_cast<std::size_t>(ask(window, WM_GETTEXTLENGTH)) + 1);
   text.resize(static_cast<std::size_t>(ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
   return text;
 }

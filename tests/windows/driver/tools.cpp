@@ -56,6 +56,7 @@ const Tool* toolOf(int id) {
 namespace {
 
 std::map<const Tool*, std::vector<int>> idsOfForms;
+std::map<HWND, const Tool*> knownForms;  // as long as they have their controls
 
 // Goes through the bytes of a dialog resource, the extended kind of which all forms are.
 struct Reader {
@@ -120,9 +121,17 @@ void learnForms(const wchar_t* program) {
 }
 
 const Tool* formOf(HWND window) {
+  const auto isThere = [window](int id) { return GetDlgItem(window, id) != nullptr; };
+  const auto known = knownForms.find(window);
+  if (known != knownForms.end()) {
+    if (isThere(idsOfForms[known->second].front())) return known->second;
+    knownForms.erase(known);
+  }
   if (classOf(window) != L"#32770") return nullptr;
   for (const auto& [tool, ids] : idsOfForms) {
-    if (std::all_of(ids.begin(), ids.end(), [window](int id) { return GetDlgItem(window, id) != nullptr; })) return tool;
+    if (ids.empty() || !std::all_of(ids.begin(), ids.end(), isThere)) continue;
+    knownForms[window] = tool;
+    return tool;
   }
   return nullptr;
 }

@@ -37,12 +37,21 @@ std::wstring itemOf(HWND list, LRESULT index) {
   return text;
 }
 
-static ControlView lookAtControl(HWND window) {
+static const ControlView* find(const FormView* view, int id) {
+  if (!view) return nullptr;
+  for (const auto& [key, control] : view->controls) {
+    if (key == id) return &control;
+  }
+  return nullptr;
+}
+
+static ControlView lookAtControl(HWND window, const ControlView* before) {
   ControlView view = {};
   view.window = window;
-  view.kind = kindOf(window);
-  view.enabled = !hasStyle(window, WS_DISABLED);
-  view.visible = hasStyle(window, WS_VISIBLE);
+  view.kind = before && before->window == window ? before->kind : kindOf(window);
+  const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+  view.enabled = !(style & WS_DISABLED);
+  view.visible = (style & WS_VISIBLE) != 0;
   if (view.kind == Kind::radio || view.kind == Kind::check) view.checked = ask(window, BM_GETCHECK) == BST_CHECKED;
   if (view.kind == Kind::list) {
     const LRESULT count = ask(window, CB_GETCOUNT);
@@ -65,13 +74,13 @@ static int focusOf(HWND form, int last) {
   return idOf(info.hwndFocus);
 }
 
-static FormView lookAt(HWND window, int lastFocus) {
+static FormView lookAt(HWND window, const FormView* before) {
   FormView view = {};
   view.window = window;
   view.title = textOf(window);
-  view.focus = focusOf(window, lastFocus);
+  view.focus = focusOf(window, before ? before->focus : 0);
   for (HWND child : childrenOf(window)) {
-    if (const int id = idOf(child)) view.controls.emplace_back(id, lookAtControl(child));
+    if (const int id = idOf(child)) view.controls.emplace_back(id, lookAtControl(child, find(before, id)));
   }
   return view;
 }
@@ -90,18 +99,11 @@ static std::string differences(const ControlView& now, const ControlView* before
   return pieces;
 }
 
-static const ControlView* find(const FormView* view, int id) {
-  if (!view) return nullptr;
-  for (const auto& [key, control] : view->controls) {
-    if (key == id) return &control;
-  }
-  return nullptr;
-}
-
 void writeForm(const Tool* tool, HWND window, bool whole) {
   const auto known = driver.shown.find(tool);
-  const FormView* before = known == driver.shown.end() || whole ? nullptr : &known->second;
-  const FormView now = lookAt(window, known == driver.shown.end() ? 0 : known->second.focus);
+  const FormView* last = known == driver.shown.end() ? nullptr : &known->second;
+  const FormView* before = whole ? nullptr : last;
+  const FormView now = lookAt(window, last);
   std::string pieces;
   if (!before || now.title != before->title) add(pieces, "title", json(now.title));
   if (!before || now.focus != before->focus) add(pieces, "focus", now.focus ? std::to_string(now.focus) : "null");
