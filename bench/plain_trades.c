@@ -4,6 +4,7 @@
 //
 // Usage: plain_trades INPUT OUTPUT. Market-lot files dated after the cut-over: the 132-byte layout, and the 144-byte layout
 // of regular trades without scrip group and settlement number. 50 rows a page, lines end in CR LF.
+#include <inttypes.h>
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -113,28 +114,30 @@ static void printRule132(FILE* out) {
 
 static void printTrade132(FILE* out, const struct Trade132* t) {
   if (t->side == 'B') {
-    fprintf(out, "%1c%4ld%1c%2ld%1c%9ld%1c%8.2f%1c%11s%1c%6ld%1c%7s%1c%9s%1c%10s%1c%11s%1c%11lld%1c%1c%6ld%1c%9s%1c%-6s%1c\r\n",
+    fprintf(out,
+            "%1c%4ld%1c%2ld%1c%9ld%1c%8.2f%1c%11s%1c%6ld%1c%7s%1c%9s%1c%10s%1c%11s%1c%11" PRId64
+            "%1c%1c%6ld%1c%9s%1c%-6s%1c\r\n",
             '|', (long)t->brokerId, '/', (long)t->traderId, '|', (long)t->qty, '|', t->rate / 100.0, '|', t->scripId, '|',
-            (long)t->scripCode, '|', "", '|', "", '|', "", '|', t->clientId, '|', (long long)t->trnId, t->tradeType, '|',
-            (long)t->trdId, '|', t->time, '|', t->cliTyp, '|');
+            (long)t->scripCode, '|', "", '|', "", '|', "", '|', t->clientId, '|', t->trnId, t->tradeType, '|', (long)t->trdId,
+            '|', t->time, '|', t->cliTyp, '|');
   } else if (t->side == 'S') {
     fprintf(out, "%1c%7s%1c%9s%1c%8s%1c", '|', "", '|', "", '|', "", '|');
-    fprintf(out, "%11s%1c%6ld%1c%4ld%1c%2ld%1c%9ld%1c%10.2f%1c%11s%1c%11lld%1c%1c%6ld%1c%9s%1c%-6s%1c\r\n", t->scripId, '|',
-            (long)t->scripCode, '|', (long)t->brokerId, '/', (long)t->traderId, '|', (long)t->qty, '|', t->rate / 100.0, '|',
-            t->clientId, '|', (long long)t->trnId, t->tradeType, '|', (long)t->trdId, '|', t->time, '|', t->cliTyp, '|');
+    fprintf(out, "%11s%1c%6ld%1c%4ld%1c%2ld%1c%9ld%1c%10.2f%1c%11s%1c%11" PRId64 "%1c%1c%6ld%1c%9s%1c%-6s%1c\r\n", t->scripId,
+            '|', (long)t->scripCode, '|', (long)t->brokerId, '/', (long)t->traderId, '|', (long)t->qty, '|', t->rate / 100.0,
+            '|', t->clientId, '|', t->trnId, t->tradeType, '|', (long)t->trdId, '|', t->time, '|', t->cliTyp, '|');
   }
 }
 
 static void printTrade144(FILE* out, const struct Trade144* t) {
   if (t->side == 'B') {
-    fprintf(out, "%1c%4c%1c%2c%1c%9ld%1c%10.2f%1c%11s%1c%6ld%1c%7s%1c%9s%1c%10s%1c%11s%1c%17lld%1c%1c%6ld%1c%9s%1c\r\n", '|',
-            ' ', ' ', ' ', '|', (long)t->qty, '|', t->rate / 100.0, '|', t->scripId, '|', (long)t->scripCode, '|', "", '|', "",
-            '|', "", '|', t->clientId, '|', (long long)t->trnId, t->tradeType, '|', (long)t->trdId, '|', t->time, '|');
+    fprintf(out, "%1c%4c%1c%2c%1c%9ld%1c%10.2f%1c%11s%1c%6ld%1c%7s%1c%9s%1c%10s%1c%11s%1c%17" PRId64 "%1c%1c%6ld%1c%9s%1c\r\n",
+            '|', ' ', ' ', ' ', '|', (long)t->qty, '|', t->rate / 100.0, '|', t->scripId, '|', (long)t->scripCode, '|', "", '|',
+            "", '|', "", '|', t->clientId, '|', t->trnId, t->tradeType, '|', (long)t->trdId, '|', t->time, '|');
   } else if (t->side == 'S') {
     fprintf(out, "%1c%7s%1c%9s%1c%10s%1c", '|', "", '|', "", '|', "", '|');
-    fprintf(out, "%11s%1c%6ld%1c%4c%1c%2c%1c%9ld%1c%10.2f%1c%11s%1c%17lld%1c%1c%6ld%1c%9s%1c\r\n", t->scripId, '|',
-            (long)t->scripCode, '|', ' ', ' ', ' ', '|', (long)t->qty, '|', t->rate / 100.0, '|', t->clientId, '|',
-            (long long)t->trnId, t->tradeType, '|', (long)t->trdId, '|', t->time, '|');
+    fprintf(out, "%11s%1c%6ld%1c%4c%1c%2c%1c%9ld%1c%10.2f%1c%11s%1c%17" PRId64 "%1c%1c%6ld%1c%9s%1c\r\n", t->scripId, '|',
+            (long)t->scripCode, '|', ' ', ' ', ' ', '|', (long)t->qty, '|', t->rate / 100.0, '|', t->clientId, '|', t->trnId,
+            t->tradeType, '|', (long)t->trdId, '|', t->time, '|');
   } else {
     return;
   }

@@ -1,10 +1,15 @@
 """Every report of the tree for bench/compare: how its form is worked, and a large input made out of its sample.
 
 A sample's records are written again and again until there are enough. In every record a client's name and a scrip code stand
-where the layout has them, drawn in a fixed order that no sort likes, so that groups, lists and sorts have what a large day
-gives them.
+where the layout has them, so that groups, lists and sorts have what a large day gives them. The orders of a file:
+
+    mixed     names and codes drawn in a fixed order that no sort likes
+    equal     one record, over and over: equal on every key that there is
+    sorted    names and codes ascending
+    reversed  names and codes descending
 """
 
+import array
 import pathlib
 import re
 import struct
@@ -13,8 +18,19 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 SAMPLES = ROOT / "samples" / "export"
 CLIENTS = 50_000
 SCRIPS = 3_000
+ORDERS = ("mixed", "equal", "sorted", "reversed")
 
 IDS = dict(re.findall(r"#define IDC_(\w+) (\d+)", (ROOT / "resources" / "resource.h").read_text()))
+
+
+def drawn(order, count, values):
+    """For each of `count` records one of 0 to values - 1."""
+    if order == "mixed":
+        return [i * 7919 % values for i in range(count)]
+    if order == "equal":
+        return [0] * count
+    ascending = [i * values // count for i in range(count)]
+    return ascending if order == "sorted" else ascending[::-1]
 
 
 class Binary:
@@ -23,23 +39,23 @@ class Binary:
     def __init__(self, header, size, clients=(), codes=(), counts=None):
         self.header, self.size, self.clients, self.codes, self.counts = header, size, clients, codes, counts
 
-    def make(self, sample, count):
+    def make(self, sample, count, order):
         head, body = bytearray(sample[:self.header]), sample[self.header:]
         if self.counts:  # a header that tells how many records there are: only the first section is kept
             body = body[:self.size * struct.unpack_from("<i", head, self.counts[0])[0]]
             for at in self.counts:
                 struct.pack_into("<i", head, at, 0)
             struct.pack_into("<i", head, self.counts[0], count)
-        found = len(body) // self.size
-        records = bytearray()
-        for i in range(count):
-            record = bytearray(body[(i % found) * self.size:(i % found + 1) * self.size])
-            mixed = i * 7919
-            for at in self.clients:
-                record[at:at + 12] = b"C%05d\0\0\0\0\0\0" % (mixed % CLIENTS)
-            for at in self.codes:
-                struct.pack_into("<i", record, at, 500_000 + mixed % SCRIPS)
-            records += record
+        found = 1 if order == "equal" else len(body) // self.size
+        records = bytearray(body[:found * self.size] * (count // found + 1))[:count * self.size]
+        names = b"".join(b"C%05d" % n for n in drawn(order, count, CLIENTS)) if self.clients else b""
+        for at in self.clients:
+            for i in range(12):
+                records[at + i::self.size] = names[i::6] if i < 6 else bytes(count)
+        codes = array.array("i", (500_000 + n for n in drawn(order, count, SCRIPS))).tobytes() if self.codes else b""
+        for at in self.codes:
+            for i in range(4):
+                records[at + i::self.size] = codes[i::4]
         return bytes(head + records)
 
 
@@ -49,7 +65,7 @@ class Repeated:
     def __init__(self, header, size):
         self.header, self.size = header, size
 
-    def make(self, sample, count):
+    def make(self, sample, count, _order):
         head, body = sample[:self.header], sample[self.header:]
         found = len(body) // self.size
         return head + body[:found * self.size] * (count // found) + body[:count % found * self.size]
@@ -61,13 +77,17 @@ class Lines:
     def __init__(self, head):
         self.head = head
 
-    def make(self, sample, count):
+    def make(self, sample, count, order):
         lines = sample.decode("latin-1").split("\r\n" if b"\r\n" in sample else "\n")
         head, body = lines[:self.head], [line for line in lines[self.head:] if line]
+        if order == "equal":
+            body = body[:1]
+        # What stands before and behind the first number; a line that does not begin with one stays as it is.
+        split = [re.match(r"(\s*)\d+(.*)", line, re.S) for line in body]
         made = list(head)
-        for i in range(count):
-            line = body[i % len(body)]
-            made.append(re.sub(r"^(\s*)\d+", lambda m: m[1] + str(500_000 + i * 7919 % SCRIPS), line, count=1))
+        for i, number in enumerate(drawn(order, count, SCRIPS)):
+            at = i % len(body)
+            made.append(f"{split[at][1]}{500_000 + number}{split[at][2]}" if split[at] else body[at])
         return ("\r\n".join(made) + "\r\n").encode("latin-1")
 
 
@@ -89,9 +109,9 @@ class Report:
                 f"choose export/{name}", press("LOAD"), *(press(w) for w in self.words), press("FILE"),
                 f"type {IDS[self.prefix + '_OUTFILE']} {output}", *self.answers, press("PRINT")]
 
-    def files(self, count):
+    def files(self, count, order="mixed"):
         """{name under export: bytes}; the first is the one that is loaded."""
-        made = {self.sample: self.layout.make((SAMPLES / self.sample).read_bytes(), count)}
+        made = {self.sample: self.layout.make((SAMPLES / self.sample).read_bytes(), count, order)}
         if self.beside:
             made[self.beside] = (SAMPLES / self.beside).read_bytes()
         return made

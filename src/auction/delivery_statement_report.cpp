@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "auction/index_sort.h"
+#include "text/in_order.h"
 #include "text/print.h"
 
 namespace quillon {
@@ -235,6 +236,7 @@ void printDeliveryStatement(Output& out, const AuctionStatement& statement, cons
   unsigned row = 1;  // on its page
   printHeading(out, statement, pageNumber);
   for (std::size_t i = 0; i < deliveries.count; ++i) {
+    fetchAhead(deliveries.records, sizeof *deliveries.records, {deliveries.order, deliveries.count}, i);
     const DelyRec& record = deliveries.records[deliveries.order[i]];
     if (row == statement.linesPerPage) {
       closePage(out, page, lending);

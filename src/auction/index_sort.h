@@ -21,8 +21,8 @@ struct IndexGroups {
 };
 inline constexpr IndexGroups noGroups = {nullptr, nullptr};
 
-// The positions of the records in ascending order: of `groups` first, then of the keys, each a text or a number. Takes 50 to 90
-// bytes a record while it sorts. False as any RecordOrder where there is no memory for it.
+// The positions of the records in ascending order: of `groups` first, then of the keys, each a text or a number. Takes 20 bytes
+// a record while it sorts. False as any RecordOrder where there is no memory for it.
 [[nodiscard]] RecordOrder indexOrder(const Records& records, const IndexGroups& groups, std::span<const RecordKey> keys);
 [[nodiscard]] inline RecordOrder indexOrder(const Records& records, const IndexGroups& groups,
                                             std::initializer_list<RecordKey> keys) {

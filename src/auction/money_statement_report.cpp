@@ -2,6 +2,7 @@
 
 #include "auction/index_sort.h"
 #include "auction/money_statement_blocks.h"
+#include "text/in_order.h"
 #include "text/print.h"
 
 namespace quillon {
@@ -151,6 +152,7 @@ int printMoneySections(Output& out, const AuctionStatement& statement, const Mon
   // The first page has its heading even where offers come first, which are listed in no section.
   openPage(walk, section, pageIndex);
   for (; place < records.count; place = nextListed(records, place + 1)) {
+    fetchAhead(records.records, sizeof *records.records, {records.order, records.count}, place);
     const std::size_t position = records.order[place];
     const char group = records.groups[position];
     const bool beginsSection = group != section && (group == 'D' || group == 'O' || group == 'Z');

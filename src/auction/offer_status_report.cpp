@@ -1,6 +1,7 @@
 #include "auction/offer_status_report.h"
 
 #include "auction/index_sort.h"
+#include "text/in_order.h"
 #include "text/print.h"
 
 namespace quillon {
@@ -164,6 +165,7 @@ int printOfferStatus(Output& out, const AuctionStatement& statement, OfferHeadin
   std::int32_t previousScripCode = 0;
   printHeading(out, statement, heading, page);
   for (std::size_t i = 0; i < offers.count; ++i) {
+    if (offers.order) fetchAhead(offers.records, sizeof *offers.records, {offers.order, offers.count}, i);
     const OffsRec& offer = offers.records[offers.order ? offers.order[i] : i];
     if (rowOnPage == statement.linesPerPage + 1) {
       closePage(out, pageSums, lending);

@@ -35,7 +35,12 @@ std::size_t fileRead(FileStream* file, void* bytes, std::size_t size);
 // the failing one.
 std::size_t fileReadGranted(FileStream* file, std::size_t asks);
 
-[[nodiscard]] bool fileWrite(FileStream* file, const void* bytes, std::size_t size);  // all of it, or false
+// Asks to write the next bytes, before they are handed to fileWrite, wherever that is called: false when they are to fail, and
+// are then not handed over. Counts as asked.
+[[nodiscard]] bool fileWriteGranted(FileStream* file);
+// Writes all of it, or gives false. The one call that may come from another thread, and while it is under way no other for the
+// same stream.
+[[nodiscard]] bool fileWrite(FileStream* file, const void* bytes, std::size_t size);
 
 // True when both names lead to the same file on disk, whatever their spelling. False when either does not exist.
 bool fileIsSame(const std::string& path, const std::string& other);

@@ -28,13 +28,19 @@ static std::string& previousName(int tool) {
   return previousNames[static_cast<std::size_t>(found - toolTable.begin())];
 }
 
-static void onPress(const FormFrame& frame, FormHandle form, int control) {
+static void pressed(const FormFrame& frame, FormHandle form, int control) {
   for (const FormButton& button : {frame.load, frame.print, frame.cancel}) {
     if (button.pressed && control == button.control) return button.pressed(form);
   }
   if (frame.file && control == frame.file) return setControlsVisible(form, frame.outFileControls, true);
   if (frame.printer && control == frame.printer) return setControlsVisible(form, frame.outFileControls, false);
   if (frame.pressed) frame.pressed(form, control);
+}
+
+// A run may end and leave its output open; no thread goes on writing to it behind the user's back.
+static void onPress(const FormFrame& frame, FormHandle form, int control) {
+  pressed(frame, form, control);
+  outputSettleAll();
 }
 
 void reportFormEvent(const FormFrame& frame, const FormEvent& event) {

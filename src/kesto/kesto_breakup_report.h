@@ -19,6 +19,6 @@ struct KestoBreakupOptions {
 
 // Writes the whole report, page numbers from 1, to the form feed behind its end. `order` holds positions of file.records.
 void writeFiveDayBreakups(Output& out, const FiveDayBreakups& file, std::span<const std::uint32_t> order,
-                        const KestoBreakupOptions& options);
+                          const KestoBreakupOptions& options);
 
 }  // namespace quillon

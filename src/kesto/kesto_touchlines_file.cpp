@@ -18,14 +18,7 @@ struct LineCount {
   bool failed;
 };
 
-enum class PieceResult { piece, lost, end };
-
 }  // namespace
-
-static PieceResult nextPiece(Input& input, char* text, std::size_t limit, std::size_t& length) {
-  if (inputReadPiece(input, text, limit, &length)) return PieceResult::piece;
-  return length == 0 ? PieceResult::end : PieceResult::lost;
-}
 
 static std::size_t piecesOf(std::size_t lineLength) { return (lineLength + readLimit - 2) / (readLimit - 1); }
 
@@ -34,7 +27,7 @@ static LineCount countLines(Input& input) {
   LineCount count = {};
   std::size_t length = 0;
   std::size_t line = 0;  // characters of the line so far
-  while (nextPiece(input, text, countLimit, length) == PieceResult::piece) {
+  while (inputReadPiece(input, text, countLimit, &length)) {
     ++count.lines;
     line += length;
     if (length == 0 || text[length - 1] != '\n') continue;
@@ -86,10 +79,10 @@ static std::string_view withoutLineEnd(const char* text, std::size_t length) {
 static bool readLines(Input& input, KestoDayTouchlines& file) {
   char text[readLimit];
   std::size_t length = 0;
-  if (nextPiece(input, text, readLimit, length) != PieceResult::piece) return false;
+  if (!inputReadPiece(input, text, readLimit, &length)) return false;
   splitHeader(withoutLineEnd(text, length), file.header);
   for (std::size_t i = 0; i < file.count; ++i) {
-    if (nextPiece(input, text, readLimit, length) != PieceResult::piece) return false;
+    if (!inputReadPiece(input, text, readLimit, &length)) return false;
     splitRow(withoutLineEnd(text, length), file.rows[i]);
   }
   return true;

@@ -155,11 +155,9 @@ static void onLoad(FormHandle form) {
   if (state.inputPath.empty()) return;
   state.fileTitle = fileSelection.fileTitle;
   if (!openInput(form)) return resetForm(form);
-  // The lending market knows no groups.
-  if (fileSelection.isLendingFile) {
-    formSetChecked(form, IDC_ADMLOG_GROUPS, false);
-    formSetEnabled(form, IDC_ADMLOG_GROUPS, false);
-  }
+  // The lending market knows no groups. Any other file brings them back, whatever was chosen before the load.
+  formSetChecked(form, IDC_ADMLOG_GROUPS, !fileSelection.isLendingFile);
+  formSetEnabled(form, IDC_ADMLOG_GROUPS, !fileSelection.isLendingFile);
   formSetTitle(form, loadedTitle + state.fileTitle);
   formSetEnabled(form, IDC_ADMLOG_LOAD, false);
   formSetFocus(form, IDC_ADMLOG_PRINT);

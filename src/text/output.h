@@ -2,6 +2,9 @@
 //
 // A line feed comes out as CR LF, on every platform. A write that fails is remembered until somebody asks; from then on
 // nothing more is written, and what reached the file stays there.
+//
+// A report that is larger than the buffer is written by a thread beside the work that forms it. The thread begins with the
+// first full buffer and ends with outputClose or outputSettleAll, whichever comes first.
 #pragma once
 
 #include <cstddef>
@@ -11,6 +14,7 @@
 namespace quillon {
 
 struct FileStream;
+struct OutputWriter;
 
 struct Output {
   char* next = nullptr;   // where the next byte goes
@@ -20,6 +24,7 @@ struct Output {
   std::string* memory = nullptr;
   bool failed = false;
   Output** holder = nullptr;  // the form's own pointer to it; null: nobody holds it
+  OutputWriter* writer = nullptr;
 };
 
 // Opens a named file anew, or the printer device for "prn" in any case. Null when that fails.
@@ -30,6 +35,9 @@ Output* outputToMemory(std::string* text);
 [[nodiscard]] bool outputClose(Output* output);
 // Closes every open output of the process; false when any of them lost a byte.
 [[nodiscard]] bool outputCloseAll();
+// Waits until what was handed to a thread is written, and ends the threads. What is still in a buffer stays there; the outputs
+// stay open, and a loss is told by their close. For a run that ends and leaves its output open.
+void outputSettleAll();
 
 // From here on `holder` becomes null when the output that it points to is closed, by whoever: a pointer that is not null can be
 // closed. A holder lives as long as its output. It may be given another output meanwhile; the first then has no holder any more

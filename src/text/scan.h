@@ -174,6 +174,12 @@ inline bool scanNumber(const char*& at, const char* end, std::int64_t lowest, st
 
 template <class T>
 inline bool scanNumberInto(const char*& at, const char* end, T& field) {
+  constexpr std::uint64_t highest = std::numeric_limits<T>::max();
+  std::uint64_t magnitude;
+  if (shortNumber(at, end, magnitude)) {  // most numbers stand without blank and sign
+    field = static_cast<T>(magnitude < highest ? magnitude : highest);
+    return true;
+  }
   std::int64_t number;
   if (!scanNumber(at, end, std::numeric_limits<T>::min(), std::numeric_limits<T>::max(), number)) return false;
   field = static_cast<T>(number);

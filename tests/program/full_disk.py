@@ -26,7 +26,16 @@ RUNS = [
     ("PRNTTLINE", "TL010109.SAV", 1204, 1065, 1063, 1071, "PRINTING TLINES"),
     ("PRNTTRDLM", "TD010109.TRD", 1205, 1091, 1089, 1094, "PRINTING TRDLIMITS"),
 ]
+LARGE = ("PRNTRPT", "PRNTBRKREP")  # forms with a row for each record, whose report grows with them
 failures = []
+
+
+def enlarged(sample, header=24, size=132):
+    """The sample's records often enough for a report of several buffers, which a thread writes beside the work."""
+    whole = (SAMPLES / sample).read_bytes()
+    records = whole[header:]
+    records = records[:len(records) // size * size]
+    return whole[:header] + records * (6000 * size // len(records) + 1)
 
 
 def boxes(folder, commands):
@@ -50,6 +59,11 @@ with tempfile.TemporaryDirectory() as work:
         expect_error(f"{form} on a full device",
                      boxes(work, f"printer /dev/full\ntool {form}\nchoose {sample}\npress {load}\npress {button}\n"), title)
 
+        if form in LARGE:
+            (pathlib.Path(work) / sample).write_bytes(enlarged(sample))
+            expect_error(f"{form}, a large report, on a full device",
+                         boxes(work, f"printer /dev/full\ntool {form}\nchoose {sample}\npress {load}\npress {button}\n"), title)
+
 skipped = False
 with tempfile.TemporaryDirectory() as work:
     mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={ROOM}", "tmpfs", work], capture_output=True).returncode == 0
@@ -70,6 +84,20 @@ with tempfile.TemporaryDirectory() as work:
                         failures.append(f"{form}: {size} bytes fitted and were told as lost")
                 else:
                     expect_error(f"{form} on a full disk", shown, title)
+            # Room for some buffers of a large report, and no more.
+            (disk / "FILLER").unlink()
+            subprocess.run(["mount", "-o", "remount,size=600k", work], check=True)
+            with tempfile.TemporaryDirectory() as inputs:
+                for form, sample, load, file, edit, button, title in RUNS:
+                    if form not in LARGE:
+                        continue
+                    (pathlib.Path(inputs) / sample).write_bytes(enlarged(sample))
+                    shown = boxes(work, f"tool {form}\nchoose {inputs}/{sample}\npress {load}\npress {file}\ntype {edit} OUT.TXT\npress {button}\n")
+                    expect_error(f"{form}, a large report, on a full disk", shown, title)
+                    size = (disk / "OUT.TXT").stat().st_size
+                    if size != 600 * 1024:
+                        failures.append(f"{form}, a large report: {size} bytes stayed on a disk of 600 KiB")
+                    (disk / "OUT.TXT").unlink()
         finally:
             subprocess.run(["umount", work], check=True)
     else:

@@ -267,6 +267,23 @@ def printer_receives_the_report(desktop, folder):
     expect("what was printed is what stands in the file", bytes_of(folder, "PRINTED") == report, True)
 
 
+def make_large(folder):
+    """The trade file with its records often enough for a report of several buffers, which a thread writes beside the work."""
+    whole = bytes_of(folder, "export", TRADE_FILE)
+    with open(os.path.join(folder, "export", TRADE_FILE), "wb") as file:
+        file.write(whole[:24] + whole[24:] * (6000 * 132 // (len(whole) - 24) + 1))
+
+
+def printer_receives_a_large_report(desktop, folder):
+    make_large(folder)
+    run(desktop, folder, ["tool PRNTRPT"] + LOAD + TO_FILE + ["press 1015"])
+    lines = run(desktop, folder, ["printer PRINTED", "tool PRNTRPT"] + LOAD + ["press 1015"])
+    expect("last box", last_of(lines, "box")["text"], "PRINTING COMPLETE")
+    report = bytes_of(folder, "REPORT.TXT")
+    expect("several buffers of it", len(report) > 3 * 256 * 1024, True)
+    expect("what was printed is what stands in the file", bytes_of(folder, "PRINTED") == report, True)
+
+
 def printer_receives_delivery_slips(desktop, folder):
     whole = bytes_of(folder, "export", "DELY0101.215")
     records = [whole[at:at + 256] for at in range(62, len(whole), 256)]
@@ -310,6 +327,14 @@ def full_printer_says_that_the_report_was_not_written(desktop, folder):
     expect("title afterwards", last_of(lines, "changed")["title"], "TRADES PRINTING")
 
 
+def full_printer_says_so_of_a_large_report(desktop, folder):
+    make_large(folder)
+    lines = run(desktop, folder, ["printer /dev/full", "tool PRNTRPT"] + LOAD + ["press 1015"])
+    expect("box", [last_of(lines, "box")[key] for key in ("title", "text", "icon")],
+           ["TRADES PRINTING", "Error In Writing Output File", "error"])
+    expect("end", lines[-1], {"exit": 0})
+
+
 def wide_names_reach_the_title(desktop, folder):
     name = "TR\u20ac\u0416\u4e2d.B01"  # in no single code page
     shutil.copy(os.path.join(folder, "export", TRADE_FILE), os.path.join(folder, "export", name))
@@ -342,10 +367,12 @@ TESTS = [
     dialogs_belong_to_the_form_that_brought_them,
     letters_outside_windows_1252_are_refused_in_an_output_name,
     printer_receives_the_report,
+    printer_receives_a_large_report,
     printer_receives_delivery_slips,
     nothing_to_deliver_goes_to_the_standard_output_where_there_is_one,
     missing_printer_says_check_your_printer,
     full_printer_says_that_the_report_was_not_written,
+    full_printer_says_so_of_a_large_report,
     wide_names_reach_the_title,
 ]
 

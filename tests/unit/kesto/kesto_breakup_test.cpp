@@ -88,6 +88,8 @@ TEST(FiveDayBreakup, pagesHoldRecordsAndOneLineIsOnePage) {
   EXPECT_EQ(pagesOf(reportOf("1|\n", {3, false, "05/09/2009", "1"})), 1u);
   EXPECT_EQ(pagesOf(reportOf("1|\n2|\n3|\n", {3, false, "05/09/2009", "1"})), 1u);
   EXPECT_EQ(pagesOf(reportOf("1|\n2|\n3|\n4|\n", {3, false, "05/09/2009", "1"})), 2u);
+  EXPECT_EQ(pagesOf(reportOf("1|\n2|\n3|\n4|\n5|\n6|\n", {2, false, "05/09/2009", "1"})), 3u)
+      << "every page holds as many as the first";
 }
 
 TEST(FiveDayBreakup, clientTypesHaveTheirLabels) {

@@ -64,6 +64,16 @@ TEST(KestoHeader, numbersOfAHostileHeaderStandInFull) {
             "Time      :   -1 : 100 : 07\n\nDate      :  -12009/32767/-32768\n\nRecords in the File=0\n\n\nIs it Correct?\n");
 }
 
+TEST(KestoHeader, everyPartOfDateAndTimeHasTwoDigits) {
+  TradeHeader header = headerOf('C', 'T');
+  header.day = 5;
+  header.month = 4;
+  header.century = 3;
+  header.year = 2;
+  EXPECT_NE(kestoHeaderText(header, KestoContent::trades, 0).find("Time      :   00 : 00 : 00\n\nDate      :  0302/04/05\n"),
+            std::string::npos);
+}
+
 TEST(KestoHeader, convertedNameOfTradesHasAZeroThirdFromItsEnd) {
   EXPECT_EQ(kestoConvertedName("CT010109.B01", false), "CT010109.001");
   EXPECT_EQ(kestoConvertedName("CT010109.ord", false), "CT010109.0rd");

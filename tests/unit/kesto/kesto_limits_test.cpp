@@ -109,6 +109,7 @@ TEST(KestoLimits, traderwisePagesHoldNoMoreThanTwentyRows) {
   EXPECT_EQ(pagesOf(traderReport(repeated(traderHead, line, 20), {19, false})), 2u);
   EXPECT_EQ(pagesOf(traderReport(repeated(traderHead, line, 20), {10, false})), 2u);
   EXPECT_EQ(pagesOf(traderReport(repeated(traderHead, line, 21), {10, false})), 3u);
+  EXPECT_EQ(pagesOf(traderReport(repeated(traderHead, line, 6), {2, false})), 3u) << "every page holds as many as the first";
 }
 
 TEST(KestoLimits, scripwisePagesHoldNoMoreThanFiftyRows) {
@@ -116,6 +117,7 @@ TEST(KestoLimits, scripwisePagesHoldNoMoreThanFiftyRows) {
   EXPECT_EQ(pagesOf(scripReport(repeated(scripHead, line, 50), {51, false})), 1u);
   EXPECT_EQ(pagesOf(scripReport(repeated(scripHead, line, 51), {51, false})), 2u);
   EXPECT_EQ(pagesOf(scripReport(repeated(scripHead, line, 51), {49, false})), 2u);
+  EXPECT_EQ(pagesOf(scripReport(repeated(scripHead, line, 6), {2, false})), 3u) << "every page holds as many as the first";
 }
 
 TEST(KestoLimits, recordsStandInTheOrderOfTheFile) {

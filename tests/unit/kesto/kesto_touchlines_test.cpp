@@ -144,6 +144,7 @@ TEST(KestoTouchlines, fullPageIsFollowedByHeadingOnlyWhereARowFollows) {
   for (int i = 0; i < 50; ++i) fifty += "A|1|2|3|4|5|6|7|8|9|10|OP|11|\n";
   EXPECT_EQ(pagesOf(reportOf(fifty, {50, false})), 1u);
   EXPECT_EQ(pagesOf(reportOf(fifty + "B|2|\n", {50, false})), 2u);
+  EXPECT_EQ(pagesOf(reportOf(fifty, {10, false})), 5u) << "every page holds as many as the first";
 }
 
 // ---- Order ------------------------------------------------------------------------------------------------------------
@@ -203,6 +204,19 @@ TEST(KestoTouchlines, aFileOfLineOneAloneOrOfNothingHasZeroScrips) {
   EXPECT_EQ(loadOf("d|t|k|\n"), KestoTouchlinesLoad::zeroScrips);
   EXPECT_EQ(loadOf(""), KestoTouchlinesLoad::zeroScrips);
   EXPECT_EQ(loadOf(std::string(100, 'h') + "\n"), KestoTouchlinesLoad::zeroScrips);  // counted as one line, however it is read
+}
+
+// A header that counts twice is as good as a row behind it, and the pieces of 89 characters behind its first one are rows.
+TEST(KestoTouchlines, linesAreCountedInPiecesOf129Characters) {
+  const auto loadOf = [](std::size_t headerSize) {  // without the line end
+    KestoDayTouchlines file;
+    const TextFile text(std::string(headerSize, 'h') + "\n");
+    const KestoTouchlinesLoad load = loadKestoDayTouchlines(text.open(), file);
+    freeKestoDayTouchlines(file);
+    return load;
+  };
+  EXPECT_EQ(loadOf(128), KestoTouchlinesLoad::zeroScrips);
+  EXPECT_EQ(loadOf(129), KestoTouchlinesLoad::loaded);
 }
 
 TEST(KestoTouchlines, aLineLongerThan89CharactersIsTwoRowsAndTakesNoOthers) {

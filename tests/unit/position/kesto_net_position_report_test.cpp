@@ -154,6 +154,7 @@ TEST(KestoPositionReport, theCounterCountsRowsAndTheFiftyFirstStartsTheSecondPag
   const TradeHeader header = dealHeader('C');
   EXPECT_EQ(pagesOf(reportOf({deals, PositionReport::clientWise, "", header, false, 50})), 2);
   EXPECT_EQ(pagesOf(reportOf({deals, PositionReport::clientWise, "", header, false, 51})), 1);
+  EXPECT_EQ(pagesOf(reportOf({deals, PositionReport::clientWise, "", header, false, 17})), 3) << "as many on every page";
   EXPECT_EQ(pagesOf(reportOf({deals, PositionReport::scripClient, "A", header, false, 50})), 2);
 }
 

@@ -288,8 +288,22 @@ TEST_F(InputTest, fail_readOfARecordPassesOverIt) {
   }
 }
 
+TEST_F(InputTest, fileThatShrinksMeanwhileGivesTheRecordsThatAreLeftAndZerosBehindThem) {
+  constexpr std::size_t size = 132, count = 2000;
+  Input* input = openWith(std::string(size * count, 'x'), InputKind::binary);
+  ASSERT_TRUE(inputSeekEnd(*input));
+  EXPECT_EQ(inputTell(*input), static_cast<std::int64_t>(size * count));
+  ASSERT_TRUE(inputSeekStart(*input));
+  std::filesystem::resize_file(fileName, size * 700 + 60);  // by another program, between the count and the read
+  std::string block(size * (count + 1), '\0');
+  EXPECT_EQ(inputReadRecords(*input, block.data(), size, count), 700u);
+  EXPECT_TRUE(block == std::string(size * 700, 'x') + std::string(size * (count + 1 - 700), '\0'));
+  inputClose(input);
+}
+
 TEST_F(InputTest, bytesArePassedOverUpToTheEndOfTheFile) {
-  for (const std::size_t skipped : {std::size_t{0}, std::size_t{36}, std::size_t{65535}, std::size_t{65536}, std::size_t{199999}}) {
+  for (const std::size_t skipped :
+       {std::size_t{0}, std::size_t{36}, std::size_t{65535}, std::size_t{65536}, std::size_t{199999}}) {
     std::string bytes(200000, 'x');
     bytes[skipped] = 'y';
     Input* input = openWith(bytes, InputKind::binary);

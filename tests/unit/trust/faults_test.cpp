@@ -99,6 +99,35 @@ TEST_F(Faults, atEveryPlaceAreToldAndLeaveNothingBehind) {
   }
 }
 
+TEST_F(Faults, ofEachWriteOfAReportWithAThreadBesideItAreToldAndCutItAtTheSameByte) {
+  const FormRun& run = allRuns().front();  // trades
+  const std::string sample = sampleBytes(run), header = sample.substr(0, 24);
+  std::string records = sample.substr(24);
+  while (records.size() < 132u * 4000) records += records;  // some five buffers of rows
+  writeFile(run.sample, header + records);
+  (void)runProgram(commandsOf(run, "OUT.TXT"));
+  const std::string wanted = readWhole("OUT.TXT");
+  ASSERT_GT(wanted.size(), 512u * 1024);
+  std::size_t number = 1;
+  for (bool met = true; met; ++number) {
+    SCOPED_TRACE("fail write " + std::to_string(number));
+    ASSERT_LT(number, 200u);
+    std::string cut[2];
+    for (std::string& left : cut) {
+      const Outcome outcome = runProgram(commandsOf(run, "OUT.TXT"), Fault::write, number);
+      met = faultsFired(Fault::write) > 0;
+      left = readWhole("OUT.TXT");
+      EXPECT_EQ(outcome.transcript.find("Error In Writing Output File") != std::string::npos, met);
+      EXPECT_EQ(outcome.transcript.find("PRINTING COMPLETE") != std::string::npos, !met);
+      EXPECT_EQ(outcome.streamsOpen, 0u);
+    }
+    EXPECT_TRUE(cut[0] == cut[1]);
+    EXPECT_TRUE(cut[0] == wanted.substr(0, cut[0].size()));
+    EXPECT_EQ(cut[0].size() == wanted.size(), !met);
+  }
+  EXPECT_GT(number, 3u) << "the report is not written in pieces";
+}
+
 TEST_F(Faults, leaveNoBlockAndNoStreamWhenTheProgramEndsWithoutAnotherRun) {
   for (const FormRun& run : allRuns()) {
     writeFile(run.sample, sampleBytes(run).substr(0, 24 + 4 * 160));
