@@ -64,3 +64,13 @@ values = ROOT / "fuzz" / "corpus" / "print"
 values.mkdir(parents=True, exist_ok=True)
 for number, text in enumerate([bytes(13), b"AMBARTEX" + bytes([0x40, 0x59, 0, 0, 0, 0, 0, 0, 0, 0x7B, 0, 0, 0]), bytes([255]) * 24]):
     (values / str(number)).write_bytes(text)
+
+# Reports: the shortest approved ones of each folder, as they are written, with the bytes of choices ahead of them.
+for target, ahead in (("pages", bytes([66, 200, 128])), ("pdf", bytes([10]))):
+    folder = ROOT / "fuzz" / "corpus" / target
+    folder.mkdir(parents=True, exist_ok=True)
+    for reports in sorted(path for path in (ROOT / "tests" / "reports").iterdir() if path.is_dir()):
+        for report in sorted(reports.glob("*.txt"), key=lambda path: (path.stat().st_size, path.name))[:3]:
+            (folder / f"{reports.name}.{report.stem}").write_bytes(ahead + report.read_bytes().replace(b"\n", b"\r\n")[:KEPT])
+    ends = b"a\r\r\nb\rc\r\n\x0c\x0c\ttab\n" + b"x" * 600 + b"\n" * 260 + b"\x0cend (1) \\ \xe9\x1a"
+    (folder / "ends").write_bytes(ahead + ends)

@@ -28,7 +28,7 @@ def refusals():
             include = re.match(r'\s*#\s*include\s+[<"]([^>"]+)[>"]', line)
             if include:
                 name = include.group(1)
-                windows_place = parts[1:3] == ("desktop", "windows") or shown.name == "main_windows.cpp"
+                windows_place = parts[1:3] in (("desktop", "windows"), ("pages", "windows")) or shown.name == "main_windows.cpp"
                 scripted_files = parts[1:3] == ("desktop", "scripted")
                 if name.lower() == "windows.h" and not windows_place and not scripted_files:
                     yield f"{at}: <windows.h> outside desktop/windows: report and form code must not know which desktop it runs on"
@@ -38,6 +38,8 @@ def refusals():
                     yield f"{at}: text/ knows nothing of forms"
                 if folder_of(path) == "text" and re.match(r"(frame|" + "|".join(SUBSYSTEMS) + ")/", name):
                     yield f"{at}: arrows run one way: text/ is used by the others and uses none of them"
+                if folder_of(path) == "pages" and not re.match(r"(pages|text)/", name) and "/" in name:
+                    yield f"{at}: pages/ knows reports as text alone: no form, no desktop"
                 if folder_of(path) == "frame" and re.match(r"(" + "|".join(SUBSYSTEMS) + ")/", name):
                     yield f"{at}: arrows run one way: frame/ is used by the subsystems and uses none of them"
                 if name in ("iostream", "fstream", "sstream"):

@@ -120,6 +120,13 @@ void applyFileTitle(const std::string& title) {
   }
 }
 
+std::vector<FileMask> fileMasks(int request, LoadVariant variant) {
+  for (const LoadRequest& row : requests) {
+    if (row.code == request && row.variant == variant) return splitMasks(stringLoad(row.string, maskListLimit).value_or(""));
+  }
+  return {};
+}
+
 void loadFile(int request, LoadVariant variant, FormHandle owner, std::string& path) {
   fileSelection.fileTitle.clear();
   fileSelection.fileChosen = true;

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "desktop/forms.h"
+#include "desktop/open_dialog.h"
 
 namespace quillon {
 
@@ -55,6 +57,9 @@ enum class LoadVariant {
 // chosen, `path` becomes its full path and fileSelection is set from its name; on Cancel, and when the masks cannot be loaded,
 // `path` stays as it was. `owner` is the asking form; some codes belong to the main window whoever asks.
 void loadFile(int request, LoadVariant variant, FormHandle owner, std::string& path);
+
+// The masks that loadFile shows for a request; none where there is no such request or its text is missing.
+std::vector<FileMask> fileMasks(int request, LoadVariant variant);
 
 // The flags that a file's name gives, on top of what stands in fileSelection; loadFile calls it.
 void applyFileTitle(const std::string& title);

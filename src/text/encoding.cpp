@@ -89,4 +89,21 @@ std::string bytesFromUtf8(std::string_view text) {
   return bytes;
 }
 
+std::u16string utf16FromUtf8(std::string_view text) {
+  if (!isUtf8(text)) return utf16FromUtf8(utf8FromBytes(text));
+  std::u16string wide;
+  while (!text.empty()) {
+    std::size_t length;
+    const std::uint32_t character = takeCharacter(text, length);
+    if (character >= 0x10000) {
+      wide += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
+      wide += static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
+    } else {
+      wide += static_cast<char16_t>(character);
+    }
+    text.remove_prefix(length);
+  }
+  return wide;
+}
+
 }  // namespace quillon

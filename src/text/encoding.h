@@ -20,4 +20,7 @@ std::string utf8FromEither(std::string_view text);
 std::string bytesFromUtf8(std::string_view text);
 char byteFromUnicode(std::uint32_t character);
 
+// For what wants sixteen bits a character. A text that is no UTF-8 is taken as Windows-1252.
+std::u16string utf16FromUtf8(std::string_view text);
+
 }  // namespace quillon

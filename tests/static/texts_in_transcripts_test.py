@@ -36,10 +36,6 @@ class TextsOfFile(unittest.TestCase):
             ("title", "One"), ("joined", 'Two\nparts "x"'), ("list", "Three"), ("list", "Four"), ("texts", "Five"),
             ("tool", "Six"), ("tool", "Seven"), ("", "Nine"), ("", "Ten"), ("inside", "Eight")])
 
-    def test_rows_of_requests_that_nobody_makes_are_left_out(self):
-        source = 'static constexpr LoadRequest rows[] = {{loadA, 1, "A"}, {loadB, 2, "B"},};'
-        self.assertEqual(tested.texts_of_file(tested.without_unused_requests(source, {"loadB"})), [("rows", "B")])
-
 
 class IsShown(unittest.TestCase):
     def test_text_is_shown_whole_or_goes_on(self):

@@ -30,6 +30,7 @@ static struct {
   bool classRegistered;
   bool over;
   int status;
+  void (*stdoutListener)(std::string_view text);
 } state;
 
 bool appMutexExists(const char*) { return state.otherCopy || state.mutexHeld; }
@@ -85,7 +86,10 @@ void appEnd(int status) {
 
 void appBeep(int times) { transcriptWrite("{\"beep\":" + std::to_string(times) + "}"); }
 
-void appWriteStdout(std::string_view text) { transcriptWrite("{\"stdout\":" + jsonOfBytes(text) + "}"); }
+void appWriteStdout(std::string_view text) {
+  transcriptWrite("{\"stdout\":" + jsonOfBytes(text) + "}");
+  if (state.stdoutListener) state.stdoutListener(text);
+}
 
 // ---- What a user does --------------------------------------------------------------------------------------------------
 
@@ -161,6 +165,8 @@ bool appIsOver() { return state.over; }
 int appStatus() { return state.status; }
 
 void appSetOtherCopy(bool runs) { state.otherCopy = runs; }
+
+void appListenToStdout(void (*told)(std::string_view text)) { state.stdoutListener = told; }
 
 void appReset() { state = {}; }
 

@@ -26,6 +26,8 @@ bool appIsOver();
 int appStatus();
 
 void appSetOtherCopy(bool runs);  // another copy of the program holds the single-instance mark
+// Hears what the program writes to its standard output, beside the transcript.
+void appListenToStdout(void (*told)(std::string_view text));
 void appReset();
 
 }  // namespace quillon

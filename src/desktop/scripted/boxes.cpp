@@ -10,6 +10,7 @@
 namespace quillon {
 
 static std::deque<BoxChoice> answers;
+static void (*listener)(const BoxTold& box);
 
 static const char* nameOf(BoxIcon icon) {
   switch (icon) {
@@ -42,6 +43,7 @@ static void writeBox(const char* title, std::string_view text, BoxIcon icon, con
 
 void boxShow(FormHandle, const char* title, std::string_view text, BoxIcon icon) {
   writeBox(title, text, icon, "ok", "ok", "ok");
+  if (listener) listener({title, upToNul(text), icon, false, BoxChoice::yes});
 }
 
 BoxChoice boxAsk(FormHandle, const char* title, std::string_view text, BoxIcon icon, BoxChoice standard) {
@@ -51,11 +53,17 @@ BoxChoice boxAsk(FormHandle, const char* title, std::string_view text, BoxIcon i
     answers.pop_front();
   }
   writeBox(title, text, icon, "yesno", nameOf(standard), nameOf(answer));
+  if (listener) listener({title, upToNul(text), icon, true, answer});
   return answer;
 }
 
 void boxQueueAnswer(BoxChoice answer) { answers.push_back(answer); }
 
-void boxesReset() { answers.clear(); }
+void boxesListen(void (*told)(const BoxTold& box)) { listener = told; }
+
+void boxesReset() {
+  answers.clear();
+  listener = nullptr;
+}
 
 }  // namespace quillon

@@ -28,6 +28,8 @@ struct FileStream {
 
 static struct {
   std::string printer;
+  std::filesystem::path output;
+  bool outputMade;
   std::vector<std::unique_ptr<FileStream>> open;
   std::vector<std::unique_ptr<FileStream>> orphans;  // of a program that has ended; already closed
 } state;
@@ -96,6 +98,11 @@ FileStream* fileOpenUpdate(const std::string& path) {
 
 FileStream* fileCreateOutput(const std::string& path) {
   if (faultFires(Fault::create) || pathIsRefusedDevice(path)) return nullptr;
+  if (!state.output.empty()) {
+    FileStream* const made = openStream(state.output, Access::create);
+    state.outputMade = state.outputMade || made;
+    return made;
+  }
   if (!pathIsPrinter(path)) return openStream(pathOnDisk(path), Access::create);
   return state.printer.empty() ? nullptr : openStream(pathOnDisk(state.printer), Access::create);
 }
@@ -176,10 +183,18 @@ bool fileIsSame(const std::string& path, const std::string& other) {
 
 void filesSetPrinter(const std::string& path) { state.printer = path; }
 
+void filesSetOutput(const std::filesystem::path& path) {
+  state.output = path;
+  state.outputMade = false;
+}
+
+bool filesOutputMade() { return state.outputMade; }
+
 std::size_t filesOpen() { return state.open.size(); }
 
 void filesReset() {
   state.printer.clear();
+  filesSetOutput({});
   for (std::unique_ptr<FileStream>& stream : state.open) {
     (void)systemClose(stream->descriptor);
     stream->descriptor = -1;

@@ -48,7 +48,8 @@ static struct {
   std::string_view memory;  // or the rest of a text
   std::size_t lineNumber;
   std::string line;
-  bool pending;  // `line` was read and is not carried out yet
+  bool pending;     // `line` was read and is not carried out yet
+  ScriptUser user;  // instead of commands
   std::string error;
   std::string transcript;  // of a run inside a test
 } state;
@@ -267,6 +268,11 @@ static bool carryOutLine() {
 }
 
 bool scriptCommand() {
+  if (state.user) {
+    std::exchange(state.user, nullptr)();
+    if (!appIsOver()) appCloseWindow();
+    return true;
+  }
   if (!std::exchange(state.pending, false) && !readLine()) {
     if (!state.error.empty()) return false;
     appCloseWindow();
@@ -332,6 +338,14 @@ ScriptResult scriptRun(std::string_view commandLines, ScriptProgram program, con
   state.memory = commandLines;
   ScriptResult result = run(program, options, [](std::string_view line) { state.transcript += line; });
   result.transcript = std::move(state.transcript);
+  state = {};
+  return result;
+}
+
+ScriptResult scriptRunBy(ScriptUser user, ScriptProgram program) {
+  state = {};
+  state.user = user;
+  ScriptResult result = run(program, {}, nullptr);
   state = {};
   return result;
 }

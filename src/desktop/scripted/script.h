@@ -29,6 +29,11 @@ struct ScriptResult {
 // (faults.h) stay readable until the next run.
 ScriptResult scriptRun(std::string_view commands, ScriptProgram program, const ScriptOptions& options = {});
 
+// The same for a user that is a function: it is called once, when the program waits for its user, and works the desktop by the
+// calls of app.h, forms.h and the others here. The window is closed when it returns. There is no transcript.
+using ScriptUser = void (*)();
+ScriptResult scriptRunBy(ScriptUser user, ScriptProgram program);
+
 // Carries out the next command, or closes the window where there is none; false where it is no command. Called by appRun.
 bool scriptCommand();
 

@@ -248,4 +248,26 @@ TEST_F(Files, pathInFullKeepsTheSpelling) {
   EXPECT_EQ(pathCurrentFolder(), folder.string());
 }
 
+TEST_F(Files, allOutputGoesToOneFileWhereTold) {
+  filesSetOutput(folder / "to.txt");
+  EXPECT_FALSE(filesOutputMade());
+  for (const char* name : {"prn", "OTHER.TXT"}) {
+    FileStream* const file = fileCreateOutput(name);
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(filesOutputMade());
+    EXPECT_TRUE(fileWrite(file, name, 3));
+    EXPECT_TRUE(fileClose(file));
+    EXPECT_EQ(test::readWhole("to.txt"), std::string(name, 3));  // made anew at each opening
+  }
+  EXPECT_FALSE(std::filesystem::exists("OTHER.TXT"));
+  EXPECT_FALSE(fileCreateOutput("CON"));
+  faultsArm(Fault::create, 1, false);
+  EXPECT_FALSE(fileCreateOutput("prn"));
+  filesSetOutput(folder / "none" / "to.txt");
+  EXPECT_FALSE(fileCreateOutput("prn"));
+  EXPECT_FALSE(filesOutputMade());
+  filesSetOutput({});
+  EXPECT_FALSE(fileCreateOutput("prn"));  // the printer is off again
+}
+
 }  // namespace quillon

@@ -8,8 +8,10 @@
 #include "desktop/files.h"
 #include "desktop/memory.h"
 #include "desktop/scripted/app.h"
+#include "desktop/scripted/boxes.h"
 #include "desktop/scripted/faults.h"
 #include "desktop/scripted/files.h"
+#include "desktop/scripted/forms.h"
 #include "desktop/scripted/memory.h"
 #include "desktop/strings.h"
 #include "resource.h"
@@ -334,6 +336,49 @@ TEST(Strings, stringIsCutToOneLessThanItsLimit) {
   EXPECT_EQ(stringLoad(2036, 4), "The");
   EXPECT_EQ(stringLoad(2036, 4), std::nullopt);
   EXPECT_EQ(stringLoad(2036, 4), "The");
+}
+
+// ---- A user that is a function --------------------------------------------------------------------------------------------
+
+static struct {
+  int calls;
+  std::string told;
+} seen;
+
+TEST(ScriptUser, worksTheDesktopAndTheWindowCloses) {
+  seen = {};
+  formBehaviour = onLoad([] {
+    boxShow(nullptr, "TITLE", std::string_view("text\0rest", 9), BoxIcon::error);
+    seen.told += boxAsk(nullptr, nullptr, "sure?", BoxIcon::question, BoxChoice::yes) == BoxChoice::no ? "no;" : "yes;";
+    appWriteStdout("out");
+  });
+  const ScriptResult result = scriptRunBy(
+      [] {
+        ++seen.calls;
+        boxesListen([](const BoxTold& box) {
+          seen.told += std::string(box.title ? box.title : "-") + ":" + std::string(box.text) + (box.isQuestion ? "?" : ".");
+          seen.told += box.icon == BoxIcon::error ? "error;" : "other;";
+        });
+        appListenToStdout([](std::string_view text) { seen.told += text; });
+        boxQueueAnswer(BoxChoice::no);
+        EXPECT_EQ(appPressTool("PRNTRPT"), "");
+        EXPECT_EQ(formsPress(IDC_TRADES_LOAD), "");
+        EXPECT_TRUE(toolForm(toolTrades));
+      },
+      testProgram);
+  formBehaviour = {};
+  EXPECT_EQ(seen.calls, 1);
+  EXPECT_EQ(seen.told, "TITLE:text.error;-:sure??other;no;out");
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.transcript, "");
+  EXPECT_EQ(formsOpen(), 0u);
+}
+
+TEST(ScriptUser, listenersHearNothingOfTheNextRun) {
+  seen = {};
+  (void)scriptRunBy([] { boxesListen([](const BoxTold&) { ++seen.calls; }); }, testProgram);
+  (void)runForm("tool PRNTRPT\npress 1199\n", onLoad([] { boxShow(nullptr, nullptr, "", BoxIcon::none); }));
+  EXPECT_EQ(seen.calls, 0);
 }
 
 }  // namespace quillon::test

@@ -280,4 +280,13 @@ TEST(LoadFile, cancelOnTradesForgetsTheLendingMarketAndOthersKeepIt) {
   }
 }
 
+TEST(FileMasks, areThoseOfTheDialog) {
+  const std::vector<FileMask> masks = fileMasks(loadTrades, LoadVariant::oddLot);
+  ASSERT_EQ(masks.size(), 3u);
+  EXPECT_EQ(masks[0].name, "To Files(Toddmmyy.BNN)");
+  EXPECT_EQ(masks[0].pattern, "TO*.B*");
+  EXPECT_EQ(masks[2].pattern, "*.*");
+  EXPECT_TRUE(fileMasks(loadTrades, LoadVariant::nonUpdatable).empty());  // no such request
+}
+
 }  // namespace quillon::test

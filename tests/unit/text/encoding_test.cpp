@@ -51,4 +51,11 @@ TEST(Encoding, onlyWellFormedUtf8Counts) {
   for (std::string_view text : bad) EXPECT_FALSE(isUtf8(text)) << utf8FromBytes(text);
 }
 
+TEST(Encoding, sixteenBitsACharacter) {
+  EXPECT_EQ(utf16FromUtf8("a\u20AC"), u"a\u20AC");
+  EXPECT_EQ(utf16FromUtf8("\xF0\x9F\x98\x80"), u"\U0001F600");  // two of them beyond 16 bits
+  EXPECT_EQ(utf16FromUtf8("caf\xE9"), u"caf\u00E9");              // no UTF-8: Windows-1252
+  EXPECT_EQ(utf16FromUtf8(""), u"");
+}
+
 }  // namespace quillon

@@ -1,0 +1,6 @@
+# PDFs of all approved reports, as other programs read them.
+add_executable(report_to_pdf ${CMAKE_CURRENT_LIST_DIR}/report_to_pdf.cpp)
+target_link_libraries(report_to_pdf PRIVATE quillon_pages)
+add_test(NAME pages.pdf COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/pdf_pages.py $<TARGET_FILE:report_to_pdf>
+  ${CMAKE_CURRENT_SOURCE_DIR}/reports)
+set_tests_properties(pages.pdf PROPERTIES TIMEOUT 600)

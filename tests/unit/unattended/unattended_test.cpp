@@ -1,0 +1,137 @@
+// The parts of quillon-print that need no run of a form: words, masks, which form knows a file, the command line.
+#include <gtest/gtest.h>
+
+#include "unattended/form_options.h"
+#include "unattended/print_all.h"
+#include "unattended/print_call.h"
+
+namespace quillon {
+namespace {
+
+TEST(FormOptions, labelsBecomeOptions) {
+  EXPECT_EQ(optionName("Lines Per Page :"), "lines-per-page");
+  EXPECT_EQ(optionName("LinesPerPage"), "lines-per-page");
+  EXPECT_EQ(optionName("Broker No. :"), "broker-no");
+  EXPECT_EQ(optionName("Select Type of File  To Print :"), "select-type-of-file-to-print");
+  EXPECT_EQ(optionName("C&onvert"), "convert");
+  EXPECT_EQ(optionName(" : "), "");
+}
+
+TEST(FormOptions, wordsAreComparedWithoutCaseBlanksAndPunctuation) {
+  EXPECT_TRUE(sameWords("--lines-per-page", "LinesPerPage :"));
+  EXPECT_TRUE(sameWords("no. of days", "No. Of Days"));
+  EXPECT_FALSE(sameWords("Scrip Code", "Scrip ID"));
+  EXPECT_FALSE(sameWords("", ""));
+  EXPECT_FALSE(sameWords("--", " :"));
+}
+
+TEST(FormOptions, everyFormHasItsParts) {
+  EXPECT_EQ(formNames().size(), 16u);
+  for (const NamedForm* form : formNames()) {
+    const std::optional<FormParts> parts = formParts(*form);
+    ASSERT_TRUE(parts) << form->name;
+    EXPECT_GE(parts->load, 0) << form->name;
+    const bool convert = std::string_view(form->name) == "convert";
+    EXPECT_EQ(parts->print < 0, convert) << form->name;
+    EXPECT_GE(parts->reply, 0) << form->name;
+    const bool oneDestination = std::string_view(form->name) == "delivery-slips";
+    EXPECT_EQ(parts->printer < 0, oneDestination || convert) << form->name;
+    EXPECT_EQ(parts->outFile < 0, oneDestination) << form->name;
+    EXPECT_EQ(parts->convert >= 0, convert || std::string_view(form->name) == "kesto") << form->name;
+    for (const FormOption& option : parts->options) EXPECT_FALSE(option.label.empty()) << form->name;
+  }
+}
+
+TEST(FormOptions, aFormIsFoundByItsNameInAnyCase) {
+  EXPECT_NE(formNamed("Trades"), nullptr);
+  EXPECT_EQ(formNamed("trade"), nullptr);
+  EXPECT_EQ(formNamed(""), nullptr);
+}
+
+TEST(PrintAll, masksAsTheDialogsHaveThem) {
+  EXPECT_TRUE(maskFits("TR*.B*", "tr010109.b01"));
+  EXPECT_FALSE(maskFits("TR*.B*", "STR010109.B01"));
+  EXPECT_FALSE(maskFits("TR*.B*", "TR010109"));
+  EXPECT_TRUE(maskFits("*.sav", "A.B.SAV"));
+  EXPECT_FALSE(maskFits("*.sav", "A.SAVE"));
+  EXPECT_TRUE(maskFits("mony*.*", "MONY0101"));  // ".*" goes without a dot
+  EXPECT_TRUE(maskFits("K?01*.SAV", "KT010109.SAV"));
+  EXPECT_FALSE(maskFits("K?", "K"));
+  EXPECT_FALSE(maskFits("", "x"));
+  EXPECT_TRUE(maskFits("*", ""));
+}
+
+std::string formOf(std::string_view name) {
+  const std::optional<FormForFile> found = formForFile({}, name);
+  if (!found) return "";
+  std::string told = found->form;
+  for (const std::string& option : found->options) told += "|" + option;
+  return told;
+}
+
+TEST(PrintAll, theFirstFormThatKnowsAFilePrintsIt) {
+  EXPECT_EQ(formOf("TR010109.B01"), "trades");
+  EXPECT_EQ(formOf("STR010109.B01"), "trades");
+  EXPECT_EQ(formOf("X.ORD"), "trades");
+  EXPECT_EQ(formOf("TO010109.B01"), "trades|--select|Oddlot File");
+  EXPECT_EQ(formOf("BT010109.B02"), "kesto");
+  EXPECT_EQ(formOf("BB010109.BIN"), "kesto|--select-type-of-file-to-print|Broker Query Printing");
+  EXPECT_EQ(formOf("a.vqt"), "kesto|--select-type-of-file-to-print|TouchLines Printing");
+  EXPECT_EQ(formOf("BR010109.SBIN"), "broker-query");
+  EXPECT_EQ(formOf("6A.NUP"), "6a7a|--select|Non-Updatable");
+  EXPECT_EQ(formOf("ENTL0101.215"), "auction|--select|Rejected Entitlements");
+  EXPECT_EQ(formOf("SBO250509.BIN"), "order-log");
+  EXPECT_EQ(formOf("SAd010109.adl"), "admin-log");
+}
+
+TEST(PrintAll, kestoFilesOfThreeFormsAreToldByTheirNames) {
+  EXPECT_EQ(formOf("TL010109.SAV"), "touchlines");
+  EXPECT_EQ(formOf("kt010109.sav"), "touchlines|--select|Kesto");
+  EXPECT_EQ(formOf("SKB010109.DAT"), "breakup|--select|Kesto");
+  EXPECT_EQ(formOf("SC010109.TSL"), "trader-limits");
+  EXPECT_EQ(formOf("KL010109.STRD"), "trader-limits|--select|Kesto");
+}
+
+TEST(PrintAll, whatHasNoReportIsConverted) {
+  EXPECT_EQ(formOf("AD010109.SADM"), "convert");
+  EXPECT_EQ(formOf("TrdRect1.dat"), "convert");
+  EXPECT_EQ(formOf("Adel250509.adl"), "convert");
+  EXPECT_EQ(formOf("SBB250509.BIN"), "convert");
+}
+
+TEST(PrintAll, filesThatAllFilesAloneWouldShowAreKnownByNoForm) {
+  EXPECT_EQ(formOf("SCT250509.B01"), "");
+  EXPECT_EQ(formOf("README.TXT"), "");
+  EXPECT_EQ(formOf(""), "");
+}
+
+TEST(PrintAll, theCallsOwnMasksGoFirst) {
+  const PrintCall call =
+      printCall({"--all", "in", "-o", "out", "--as", "TR*=net-position:Scrip Wise NetPosion", "--as", "*.DAT=none", "--as",
+                 "KB*.DAT=kesto:BreakUp Data Printing", "--as", "CT*=kesto:Print Net Position"});
+  ASSERT_EQ(call.action, PrintAction::all) << call.problem;
+  EXPECT_STREQ(formForFile(call.forms, "TR1.B01")->form, "net-position");
+  EXPECT_EQ(formForFile(call.forms, "TR1.B01")->options, (std::vector<std::string>{"--select", "Scrip Wise NetPosion"}));
+  EXPECT_FALSE(formForFile(call.forms, "KB1.DAT"));  // the first that fits counts
+  EXPECT_EQ(formForFile(call.forms, "CT1.B01")->options, (std::vector<std::string>{"--check", "Print Net Position"}));
+}
+
+TEST(PrintCall, choicesOfAReport) {
+  const PrintCall call =
+      printCall({"trades", "--sort", "scrip id", "TR.B01", "--uncheck", "Print Net Position", "--lines-per-page", "-1",
+                 "--answer", "Yes", "--answer", "no", "-o", "-x", "--pdf", "--clock", "2009-05-22 10:11:12"});
+  ASSERT_EQ(call.action, PrintAction::report) << call.problem;
+  EXPECT_EQ(call.input, "TR.B01");
+  EXPECT_EQ(call.output, "-x");  // a value may begin like an option
+  ASSERT_EQ(call.settings.size(), 3u);
+  EXPECT_EQ(call.settings[0].option.label, "Scrip ID");
+  EXPECT_TRUE(call.settings[0].checked);
+  EXPECT_FALSE(call.settings[1].checked);
+  EXPECT_EQ(call.settings[2].value, "-1");
+  EXPECT_EQ(call.answers, (std::vector<BoxChoice>{BoxChoice::yes, BoxChoice::no}));
+  EXPECT_TRUE(call.pdf);
+  EXPECT_EQ(call.clock, "2009-05-22 10:11:12");
+}
+
+}  // namespace
+}  // namespace quillon
