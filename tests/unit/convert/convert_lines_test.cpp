@@ -374,6 +374,19 @@ TEST(ConvertLines, fullMessageOfAnOrderRunsOnIntoTheFieldsBehindIt) {
   EXPECT_EQ(column(lines<AdminDeletionRec>('N', 'J', {}, deletions, threeBytes), 16), (Texts{std::string(forty)}));
 }
 
+// Behind the last field there is nothing more of the record, and the next one is not its own.
+TEST(ConvertLines, messageWithoutAnyEndStopsWithItsRecord) {
+  std::vector<OrderRec136> records(2);
+  for (OrderRec136& record : records) {
+    put(record.order.message, forty);
+    std::memset(&record.tradeId, 'x', sizeof record - offsetof(OrderRec136, tradeId));
+    record.recordKind = 'N';
+  }
+  const std::string text = linesOfRecords(convertHeader('N', 'O'), {}, records);
+  const std::string expected = std::string(forty) + std::string(16, 'x') + "N" + std::string(7, 'x');
+  EXPECT_EQ(column(columnsOf(text, twoBytes), 17), (Texts{expected, expected}));
+}
+
 TEST(ConvertLines, percentSignsStandAsTheyAre) {
   const std::vector<ConvertTradeRow> rows = {{.scripId = "5%d %%n %s"}};
   EXPECT_EQ(column(lines<TradeRec132>('N', 'T', {.tradeRec132 = true}, rows, threeBytes), 2), (Texts{"5%d %%n %s"}));
@@ -421,10 +434,12 @@ TEST(ConvertLines, adminFileWithoutAFormatAsksOnceAndEndsWhereItsRecordsHave144B
   makeConvertFile("FORMAT.IN", header, std::vector<AdminRec144>(3));
   // A date before the longest records says nothing of these.
   for (const bool adminRec168 : {false, true}) {
-    const Converted converted = convertFile("FORMAT.IN", header, {.adminRec144 = true, .adminRec168 = adminRec168}, 3);
-    EXPECT_EQ(converted.end, ConvertEnd::formatMissing);
-    EXPECT_EQ(formatsAsked, 1);
-    EXPECT_EQ(converted.text, "");
+    for (const int count : {1, 3}) {
+      const Converted converted = convertFile("FORMAT.IN", header, {.adminRec144 = true, .adminRec168 = adminRec168}, count);
+      EXPECT_EQ(converted.end, ConvertEnd::formatMissing);
+      EXPECT_EQ(formatsAsked, 1);
+      EXPECT_EQ(converted.text, "");
+    }
   }
 }
 

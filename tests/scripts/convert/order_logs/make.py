@@ -9,5 +9,6 @@ write("OR250509.LOG", header(kind="O", date="25/05/2009"), *orders, *clients, *t
 write("OR260509.LOG", header(kind="O", date="26/05/2009"), *orders)
 write("OR270509.LOG", header(kind="O", date="27/05/2009"), *clients)
 write("OR280509.LOG", header(kind="O", date="28/05/2009"), *types)
+write("ONECLI.LOG", header(kind="O", date="27/05/2009"), clients[0])
 write("SOR250509.LOG", header(kind="O", date="25/05/2009"), order136(side="S"), order136(side="L"), order136(),
       clientRectification(side="L"))

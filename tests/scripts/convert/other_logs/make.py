@@ -9,5 +9,6 @@ write("SBo250509.BIN", header(kind="L", date="25/05/2009"), *orders, consolidate
 deletions = (adminDeletion(message=message), adminDeletion("09:05:03", side="S", trigRate=12300, retention=9))
 for letter in "NVJSXB":
     write("Adel" + letter + ".adl", header(fileKind=letter, kind="J", date="25/05/2009"), *deletions)
-write("TrdRect.dat", header(fileKind="S", kind="S", date="25/05/2009"), tradeRectification(message=message),
+# A century of one digit
+write("TrdRect.dat", header(fileKind="S", kind="S", date="25/05/0509"), tradeRectification(message=message),
       tradeRectification("09:05:03", letter="S", firstClientType=99, secondClientType=89, behindTime="7"))
