@@ -6,11 +6,13 @@
 The texts are read out of the sources as texts_in_transcripts.py reads them. Of these a message is what tells a failure or asks
 a question: titles, progress, completions, list items and the like are left out by rule, and what no rule knows is listed below
 with its reason. Each message must stand in the first column of the page's tables, in alphabetical order, with the forms that
-have it in the second; each text of the page must be a message of those forms. An entry of the lists below that is no longer
-needed is a failure as well.
+have it in the second; each text of the page must be a message of those forms. That no rule leaves out too much is seen in the
+transcripts under tests/scripts: whatever a box with the icon of a failure or a question shows must be a message. An entry of the
+lists below that is no longer needed is a failure as well.
 """
 
 import glob
+import json
 import os
 import re
 import sys
@@ -171,6 +173,24 @@ def read_messages(folder):
     return messages, problems
 
 
+def is_told(box, messages):
+    """True for a box that tells no failure and asks nothing, and for one of a message: its text, its last line or its title."""
+    if box["icon"] not in ("error", "exclamation", "question") or NO_MESSAGE_TEXTS.fullmatch(box["text"]):
+        return True
+    last_line = box["text"].strip().split("\n")[-1]
+    return any(on_page(text) in messages for text in (box["text"], last_line, box["title"] or ""))
+
+
+def problems_of_boxes(folder, messages):
+    problems = set()
+    for path in glob.glob(os.path.join(folder, "tests", "scripts", "*", "*", "transcript")):
+        with open(path, encoding="utf-8") as file:
+            boxes = [json.loads(line)["box"] for line in file if '"box":' in line]
+        problems.update("`%s` shows in a box and is no message here" % on_page(box["text"])
+                        for box in boxes if not is_told(box, messages))
+    return sorted(problems)
+
+
 # ---- The page ----------------------------------------------------------------------------------------------------------
 
 def rows_of(page):
@@ -230,7 +250,7 @@ def main():
             print("`%s`: %s" % (text, ", ".join(sorted(messages[text]))))
     with open(os.path.join(folder, PAGE), encoding="utf-8") as file:
         page = file.read()
-    problems += problems_of(page, messages)
+    problems += problems_of(page, messages) + problems_of_boxes(folder, messages)
     for problem in problems:
         print(problem)
     print("%d messages, %d rows on the page, %d problems" % (len(messages), len(rows_of(page)), len(problems)))

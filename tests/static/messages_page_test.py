@@ -45,6 +45,23 @@ class MessagesOf(unittest.TestCase):
         self.assertEqual(tested.on_page(" No file! \nLoad  it "), "No file! ⏎ Load  it")
 
 
+class IsTold(unittest.TestCase):
+    def expect(self, told, text, icon, title=None):
+        self.assertEqual(tested.is_told({"text": text, "icon": icon, "title": title}, MESSAGES), told)
+
+    def test_box_of_a_failure_or_a_question_must_be_a_message(self):
+        self.expect(True, "No file", "error")
+        self.expect(False, "No files", "error")
+        self.expect(False, "No files", "exclamation")
+        self.expect(True, "Records: 3\n\nNo file\n", "question")
+        self.expect(True, "Records: 3", "question", "No file")
+        self.expect(False, "Records: 3", "question", "A BOX")
+
+    def test_other_boxes_need_be_none(self):
+        self.expect(True, "Records: 3", "information")
+        self.expect(True, " PRINTING COMPLETED", "exclamation")
+
+
 class ProblemsOf(unittest.TestCase):
     def expect(self, page, *problems):
         self.assertEqual(tested.problems_of(HEAD + page, MESSAGES), list(problems))
