@@ -81,9 +81,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
 
   PageFit fit;
   require(pageFit(pageWidest(atOnce), pageLongest(atOnce), {}, fit));
-  require(fit.columnsFit == fit.columns && fit.linesFit == fit.lines);
+  // A line of tabs may be wider than the smallest letters bring onto the sheet.
+  require(fit.fontSize <= smallestFont || (fit.columnsFit == fit.columns && fit.linesFit == fit.lines));
   findIn(bytes, bytes.substr(0, budget % 8), input[1] & 8);
-  pagesCommand(
-      {text.substr(0, size / 3), "/pages", text.substr(size / 3, 6), "/font", text.substr(size / 2, 5), text.substr(size / 2)});
+  const std::size_t third = text.size() / 3;
+  const std::size_t half = text.size() / 2;
+  pagesCommand({text.substr(0, third), "/pages", text.substr(third, 6), "/font", text.substr(half, 5), text.substr(half)});
   return 0;
 }

@@ -127,19 +127,23 @@ void endThread(Output& output) {
   if (writer.failed) output.failed = true;
 }
 
-// Sends off what is in the buffer. Only a buffer that another one follows is worth a thread.
+// Where the buffer's bytes go. Only a buffer that another one follows is worth a thread. False when any of them was lost.
+bool sendBytes(Output& output, std::size_t size, bool moreFollows) {
+  if (output.memory) {
+    output.memory->append(output.buffer, size);
+    return true;
+  }
+  if (!fileWriteGranted(output.file)) return false;
+  if (!moreFollows || !ensureThread(*output.writer)) return fileWrite(output.file, output.buffer, size);
+  handOver(output, size);
+  return !output.failed;
+}
+
 void sendBuffer(Output& output, bool moreFollows) {
   const auto size = static_cast<std::size_t>(output.next - output.buffer);
   output.next = output.buffer;
   if (size == 0 || output.failed) return;
-  if (output.memory)
-    output.memory->append(output.buffer, size);
-  else if (!fileWriteGranted(output.file))
-    output.failed = true;
-  else if (moreFollows && ensureThread(*output.writer))
-    handOver(output, size);
-  else if (!fileWrite(output.file, output.buffer, size))
-    output.failed = true;
+  output.failed = !sendBytes(output, size, moreFollows);
 }
 
 }  // namespace
