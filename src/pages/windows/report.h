@@ -1,0 +1,52 @@
+// An open report as the window and the printers see it: its path, its bytes for as long as a look at them takes, and how far
+// its pages are known.
+//
+// Windows lets nobody write a file anew while it is mapped: with a report on the screen, quillon.exe would be refused its own
+// output. So nothing is held between two looks. A step of the window opens the file, maps it, looks, and gives all back.
+// What lies on another machine is read into memory: a mapped network file that goes away ends in a fault in the middle of a
+// line.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "pages/page_index.h"
+#include "pages/windows/system.h"
+
+namespace quillon {
+
+// A look at a file's bytes; they are gone with it. `size` and `written` tell whether the file changed since the last look.
+struct ReportBytes {
+  ReportBytes() = default;
+  ~ReportBytes();
+  ReportBytes(const ReportBytes&) = delete;
+  ReportBytes& operator=(const ReportBytes&) = delete;
+
+  std::string_view bytes;
+  std::uint64_t written = 0;  // when it was last written, in Windows' hundreds of nanoseconds
+
+  const void* mapped = nullptr;  // its own
+  std::string copy;              // its own
+};
+// False when the file cannot be read (GetLastError tells why); `look` is then empty. An empty file can be read.
+[[nodiscard]] bool reportLook(const std::wstring& path, ReportBytes& look);
+
+struct Report {
+  std::wstring path;
+  PageIndex index;
+  std::uint64_t size = 0;  // at the last look
+  std::uint64_t written = 0;
+  unsigned version = 0;  // one more whenever the report was begun again: what was selected or found in it is void
+};
+
+enum class ReportState { unreadable, reading, complete };
+
+void reportOpen(Report& report, const std::wstring& path, std::size_t flowLines = usualFlowLines);
+// Takes `look` at the file, which must be empty, and reads about `budget` bytes further. A file that was written anew is begun
+// again; one that has grown is gone on with. When it cannot be read, all that was known of it stays.
+ReportState reportStep(Report& report, ReportBytes& look, std::size_t budget);
+// The whole report, for who prints or saves it. False when it cannot be read.
+[[nodiscard]] bool reportFinish(Report& report, ReportBytes& look);
+
+}  // namespace quillon
