@@ -1,11 +1,11 @@
 // Windows, and the way between its wide characters and UTF-8.
 #pragma once
 
-// clang-format off: the others need what <windows.h> declares
-#include <commctrl.h>
 #include <windows.h>
+
+// Both need what <windows.h> declares.
+#include <commctrl.h>
 #include <windowsx.h>
-// clang-format on
 
 #include <string>
 #include <string_view>
