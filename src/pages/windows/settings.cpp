@@ -1,5 +1,7 @@
 #include "pages/windows/settings.h"
 
+#include <cwchar>
+
 #include "pages/windows/system.h"
 
 namespace quillon {
