@@ -9,7 +9,6 @@ sheets, fonts and margins; every status; files that are broken, empty, huge or n
 """
 
 import concurrent.futures
-import math
 import os
 import pathlib
 import re
@@ -24,12 +23,12 @@ sys.dont_write_bytecode = True
 
 import cups_queues  # noqa: E402
 import wine_desktop  # noqa: E402
-from page_words import MARGIN, difference, evenly_spaced, pages_of, placed, placed_in_pdf, without_line_numbers  # noqa: E402
+from page_words import MARGIN, pages_of, placed, placed_in_pdf, without_line_numbers  # noqa: E402
+from printed_pages import A3, A4, LEGAL, LETTER, fit, printed_wrong, to_pdf  # noqa: E402
 
 BUILD, REPORTS = os.path.abspath(sys.argv[1]), pathlib.Path(sys.argv[2])
 THOROUGH = os.environ.get("QUILLON_THOROUGH") == "1"
 SECONDS = 120
-A4, A3, LETTER, LEGAL = (595.28, 841.89), (841.89, 1190.55), (612, 792), (612, 1008)
 DONE, FAILED, WRONG_CALL, NO_REPORT, NOTHING, NO_ROOM, NO_PRINTER, PRINTER_FAILED, FILE_FAILED = range(9)
 
 # The form of a report, by its folder and the first word of its name; the others of a folder are the first form's.
@@ -43,6 +42,12 @@ failures = []
 def fail(text):
     failures.append(text)
     print(text, flush=True)
+
+
+def check_pages(*arguments):
+    wrong = printed_wrong(*arguments)
+    if wrong:
+        fail(wrong)
 
 
 class Pages:
@@ -65,50 +70,6 @@ class Pages:
         if (wanted == DONE) != (err == ""):
             fail(f"{arguments}: status {wanted} with these words: {err!r}")
         return out, err
-
-
-# ---- What comes out of a printer -----------------------------------------------------------------------------------------
-
-def fit(pages, sheet=A4, font=0.0, margin=MARGIN, orientation=None):
-    """(landscape, font size), as the page that describes printing tells it."""
-    columns = max([len(line) for page in pages for line in page] + [1])
-    lines = max([len(page) for page in pages] + [1])
-    fits = []
-    for landscape in ([False, True] if orientation is None else [orientation]):
-        width, height = reversed(sheet) if landscape else sheet
-        width, height = width - 2 * margin, height - 2 * margin
-        largest = min(width / (columns * 0.6), height / lines, 12)
-        fits.append((math.floor(largest * 10 + 1e-6) / 10, not landscape, landscape))
-    size, _, landscape = max(fits)
-    return landscape, font or size
-
-
-def to_pdf(job, folder, name):
-    source, pdf = folder / f"{name}.ps", folder / f"{name}.pdf"
-    source.write_bytes(job)
-    subprocess.run(["gs", "-q", "-dNOPAUSE", "-dBATCH", "-dSAFER", "-dAutoRotatePages=/PageByPage", "-sDEVICE=pdfwrite", f"-sOutputFile={pdf}",
-                    source], check=True, capture_output=True, timeout=SECONDS)
-    return pdf
-
-
-def check_pages(name, job, want, folder, landscape, size, left=MARGIN, sheet=A4):
-    """Each word of the job stands on its page, in its line and column; the sheets lie as they should."""
-    pdf = to_pdf(job, folder, re.sub(r"\W", "_", name))
-    boxes = subprocess.run(["pdftotext", "-bbox", pdf, "-"], check=True, capture_output=True, timeout=SECONDS).stdout
-    measures = re.findall(r'<page width="([\d.]+)" height="([\d.]+)"', boxes.decode())
-    if len(measures) != len(want):
-        return fail(f"{name}: {len(measures)} pages, {len(want)} are wanted")
-    wide, high = reversed(sheet) if landscape else sheet
-    for width, height in measures:
-        if abs(float(width) - wide) > 2 or abs(float(height) - high) > 2:
-            return fail(f"{name}: a sheet of {width} by {height} points, {wide} by {high} is wanted")
-    for number, (lines, got) in enumerate(zip(want, placed_in_pdf(boxes, left, size * 0.6)), 1):
-        words = placed(lines)
-        if without_line_numbers(words) != without_line_numbers(got):
-            return fail(f"{name}, page {number}: {difference(without_line_numbers(words), without_line_numbers(got))}")
-        if not evenly_spaced(words, got):
-            return fail(f"{name}, page {number}: a line stands off its row")
-    return pdf
 
 
 # ---- The reports of all forms ---------------------------------------------------------------------------------------------

@@ -8,3 +8,5 @@ set_tests_properties(pages.pdf PROPERTIES TIMEOUT 600)
 add_test(NAME windows.pages_print COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/print_wine.py ${CMAKE_BINARY_DIR}/../windows
   ${CMAKE_CURRENT_SOURCE_DIR}/reports)
 set_tests_properties(windows.pages_print PROPERTIES LABELS windows RESOURCE_LOCK wine TIMEOUT 900)
+add_test(NAME windows.pages_dialogs COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/dialog_wine.py ${CMAKE_BINARY_DIR}/../windows)
+set_tests_properties(windows.pages_dialogs PROPERTIES LABELS windows RESOURCE_LOCK wine TIMEOUT 600)

@@ -10,7 +10,7 @@
 //     pick ID ITEM       of a list
 //     press ID           a button of any kind
 //     access LETTER      Alt and a letter: gives the id of the control that has the focus then
-//     size               of the dialog, in points of the screen
+//     place              of the dialog on the screen: left, top, right, bottom
 //
 // An answer "?..." is a complaint.
 #include <windows.h>
@@ -138,10 +138,11 @@ std::string onDialog(const std::string& verb, HWND control, const std::wstring& 
   if (verb == "gone") return waitFor([] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }) ? "ok" : "?it stays";
   if (verb == "words") return wordsOfBox();
   if (verb == "access") return access(rest[0]);
-  if (verb == "size") {
+  if (verb == "place") {
     RECT area = {};
     GetWindowRect(dialog, &area);
-    return std::to_string(area.right - area.left) + " " + std::to_string(area.bottom - area.top);
+    return std::to_string(area.left) + " " + std::to_string(area.top) + " " + std::to_string(area.right) + " " +
+           std::to_string(area.bottom);
   }
   if (!control) return "?no such control";
   if (verb == "text") return narrow(textOf(control));
