@@ -53,7 +53,8 @@ static std::string readPages(const PrintEntries& entries, std::size_t count, std
   return {};
 }
 
-static std::string readEntries(const PrintEntries& entries, std::size_t count, std::size_t thisPage, PrintPlan& plan) {
+static std::string readEntries(const PrintEntries& entries, const PageIndex& index, std::size_t thisPage, PrintPlan& plan) {
+  const std::size_t count = pageCount(index);
   if (count == 0) return "The report has no page to print.";
   double& size = plan.wishes.fontSize;
   if (!entries.fontSize.empty() && !enteredLength(entries.fontSize, smallestFont, largestEnteredFont, size)) {
@@ -62,6 +63,10 @@ static std::string readEntries(const PrintEntries& entries, std::size_t count, s
   }
   if (std::string wrong = readMargins(entries, plan.wishes.margins); !wrong.empty()) return wrong;
   if (std::string wrong = readPages(entries, count, thisPage, plan); !wrong.empty()) return wrong;
+  // No half report under the name of all of it.
+  if (pageIndexIsFull(index) && plan.last + 1 == count) {
+    return formatText<"The report has more pages than the %I64d that can be printed.">(number(count));
+  }
   if (!enteredCount(entries.copies, 1, mostCopies, plan.copies)) {
     return formatText<"Copies are to be a number from 1 to %d.">(static_cast<int>(mostCopies));
   }
@@ -83,7 +88,7 @@ PrintPlan printPlan(const PrintEntries& entries, const PrinterSheet& sheet, cons
   plan.wishes.barePortrait = sheet.barePortrait;
   plan.wishes.bareLandscape = sheet.bareLandscape;
   plan.wishes.orientation = entries.orientation;
-  plan.status = readEntries(entries, pageCount(index), thisPage, plan);
+  plan.status = readEntries(entries, index, thisPage, plan);
   if (!plan.status.empty()) return plan;
   plan.possible = pageFit(pageWidest(index), pageLongest(index), plan.wishes, plan.fit);
   plan.status = plan.possible ? outcome(plan) : "The margins leave no room on the sheet.";

@@ -50,13 +50,24 @@ static void tellOrShow(DWORD which, const std::wstring& text, UINT icon, bool si
   MessageBoxW(nullptr, text.c_str(), title, icon);
 }
 
-static PagesStatus ended(const PagesCommand& command, PagesStatus status) {
-  if (status == PagesStatus::done) return status;
-  const std::wstring words =
-      statusText(status, wideFromUtf8(command.report), wideFromUtf8(command.printer), wideFromUtf8(command.file));
-  (void)consoleTell(STD_ERROR_HANDLE, words + L"\n");
-  return status;
+// What became of a call, and the words for it.
+namespace {
+struct CallEnd {
+  PagesStatus status = PagesStatus::done;
+  std::wstring words;
+};
+}  // namespace
+
+static CallEnd endOf(const PagesCommand& command, PagesStatus status) {
+  return {status, statusText(status, wideFromUtf8(command.report), wideFromUtf8(command.printer), wideFromUtf8(command.file))};
 }
+
+static CallEnd refused(const PagesCommand& command, const wchar_t* why) {
+  return {PagesStatus::printerFailed, L"The printer \"" + wideFromUtf8(command.printer) + L"\" " + why};
+}
+
+static constexpr wchar_t asksForFile[] = L"asks for a file. A PDF is made by /pdf.";
+static constexpr wchar_t noSuchSheet[] = L"has no such sheet.";
 
 // ---- Actions ----------------------------------------------------------------------------------------------------------
 
@@ -78,40 +89,41 @@ static bool openReport(const PagesCommand& command, Report& report) {
 }
 
 // The printer's own sheet unless another is asked for, and on it the fit.
-static PagesStatus layOut(const PagesCommand& command, const Report& report, PrintOrder& order) {
-  if (!printerSetup(wideFromUtf8(command.printer), order.setup)) return PagesStatus::noPrinter;
+static CallEnd layOut(const PagesCommand& command, const Report& report, PrintOrder& order) {
+  if (!printerSetup(wideFromUtf8(command.printer), order.setup)) return endOf(command, PagesStatus::noPrinter);
   // Windows would show a box for the file's name and wait.
-  if (printerAsksForFile(order.setup.name)) return PagesStatus::printerFailed;
-  if (command.sheetGiven && !printerSetSheet(order.setup, command.wishes.sheet)) return PagesStatus::printerFailed;
+  if (printerAsksForFile(order.setup.name)) return refused(command, asksForFile);
+  if (command.sheetGiven && !printerSetSheet(order.setup, command.wishes.sheet)) return refused(command, noSuchSheet);
   PrinterSheet sheet;
-  if (!printerSheet(order.setup, sheet)) return PagesStatus::noPrinter;
+  if (!printerSheet(order.setup, sheet)) return endOf(command, PagesStatus::noPrinter);
   FitWishes wishes = command.wishes;
   wishes.sheet = sheet.sheet;
   wishes.barePortrait = sheet.barePortrait;
   wishes.bareLandscape = sheet.bareLandscape;
   const bool room = pageFit(pageWidest(report.index), pageLongest(report.index), wishes, order.fit);
-  return room ? PagesStatus::done : PagesStatus::noRoom;
+  return endOf(command, room ? PagesStatus::done : PagesStatus::noRoom);
 }
 
-static PagesStatus printReport(const PagesCommand& command) {
+static CallEnd printReport(const PagesCommand& command) {
   Report report;
-  if (!openReport(command, report)) return PagesStatus::noReport;
-  if (command.firstPage >= pageCount(report.index)) return PagesStatus::nothingToPrint;
+  if (!openReport(command, report)) return endOf(command, PagesStatus::noReport);
+  if (command.firstPage >= pageCount(report.index)) return endOf(command, PagesStatus::nothingToPrint);
   PrintOrder order = {{}, {}, command.firstPage, command.lastPage, command.copies};
-  const PagesStatus status = layOut(command, report, order);
-  return status == PagesStatus::done ? printPages(report, order, {}) : status;
+  const CallEnd end = layOut(command, report, order);
+  return end.status == PagesStatus::done ? endOf(command, printPages(report, order, {})) : end;
 }
 
-static PagesStatus saveReport(const PagesCommand& command) {
+static CallEnd saveReport(const PagesCommand& command) {
   Report report;
-  if (!openReport(command, report)) return PagesStatus::noReport;
-  return pdfSave(report, {wideFromUtf8(command.file), command.wishes, command.firstPage, command.lastPage}, {});
+  if (!openReport(command, report)) return endOf(command, PagesStatus::noReport);
+  const PdfOrder order = {wideFromUtf8(command.file), command.wishes, command.firstPage, command.lastPage};
+  return endOf(command, pdfSave(report, order, {}));
 }
 
-static PagesStatus sendReport(const PagesCommand& command) {
+static CallEnd sendReport(const PagesCommand& command) {
   const std::wstring printer = wideFromUtf8(command.printer);
-  if (printerAsksForFile(printer)) return PagesStatus::printerFailed;
-  return printRaw(wideFromUtf8(command.report), printer, {});
+  if (printerAsksForFile(printer)) return refused(command, asksForFile);
+  return endOf(command, printRaw(wideFromUtf8(command.report), printer, {}));
 }
 
 static std::wstring fullPath(const std::wstring& path) {
@@ -122,35 +134,39 @@ static std::wstring fullPath(const std::wstring& path) {
   return full;
 }
 
+static PagesStatus tellEnd(const CallEnd& end) {
+  if (end.status != PagesStatus::done) (void)consoleTell(STD_ERROR_HANDLE, end.words + L"\n");
+  return end.status;
+}
+
+static PagesStatus carryOut(const PagesCommand& command, bool silent) {
+  switch (command.action) {
+    case PagesAction::print:
+      return tellEnd(printReport(command));
+    case PagesAction::pdf:
+      return tellEnd(saveReport(command));
+    case PagesAction::raw:
+      return tellEnd(sendReport(command));
+    case PagesAction::listPrinters:
+      return listPrinters();
+    case PagesAction::help:
+      tellOrShow(STD_OUTPUT_HANDLE, wideFromUtf8(pagesHelp()), MB_OK, silent);
+      return PagesStatus::done;
+    case PagesAction::wrongCall:
+      tellOrShow(STD_ERROR_HANDLE, wideFromUtf8(command.problem + "\n\"quillon-pages /?\" tells what there is.\n"),
+                 MB_ICONEXCLAMATION, silent);
+      return PagesStatus::wrongCall;
+    case PagesAction::show:
+      break;
+  }
+  return PagesStatus::failed;
+}
+
 int pagesRun(HINSTANCE instance, int show) {
   const std::vector<std::string> arguments = argumentsOfCall();
   const PagesCommand command = pagesCommand(arguments);
-  PagesStatus status = PagesStatus::done;
-  switch (command.action) {
-    case PagesAction::show:
-      return pagesWindowRun(instance, show, fullPath(wideFromUtf8(command.report)), command.flowLines);
-    case PagesAction::print:
-      status = ended(command, printReport(command));
-      break;
-    case PagesAction::pdf:
-      status = ended(command, saveReport(command));
-      break;
-    case PagesAction::raw:
-      status = ended(command, sendReport(command));
-      break;
-    case PagesAction::listPrinters:
-      status = listPrinters();
-      break;
-    case PagesAction::help:
-      tellOrShow(STD_OUTPUT_HANDLE, wideFromUtf8(pagesHelp()), MB_OK, isSilent(arguments));
-      break;
-    case PagesAction::wrongCall:
-      tellOrShow(STD_ERROR_HANDLE, wideFromUtf8(command.problem + "\n\"quillon-pages /?\" tells what there is.\n"),
-                 MB_ICONEXCLAMATION, isSilent(arguments));
-      status = PagesStatus::wrongCall;
-      break;
-  }
-  return static_cast<int>(status);
+  if (command.action != PagesAction::show) return static_cast<int>(carryOut(command, isSilent(arguments)));
+  return pagesWindowRun(instance, show, fullPath(wideFromUtf8(command.report)), command.flowLines);
 }
 
 }  // namespace quillon

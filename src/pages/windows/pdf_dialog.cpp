@@ -64,7 +64,7 @@ bool saveAsPdf(HWND owner, Report& report, const std::wstring& file) {
   PagesStatus status = PagesStatus::noReport;
   if (read) status = pdfSave(report, {place, wishes(), 0, mostPages - 1}, progressOf(progress));
   progressClose(progress);
-  if (status != PagesStatus::done && status != PagesStatus::failed) {
+  if (status != PagesStatus::done && !progress.cancelled) {
     MessageBoxW(owner, statusText(status, report.path, L"", place).c_str(), title, MB_ICONERROR);
   }
   return status == PagesStatus::done;

@@ -106,6 +106,7 @@ static PagesStatus addPages(PdfFile& pdf, Report& report, std::size_t first, std
 PagesStatus pdfSave(const Report& report, const PdfOrder& order, const Progress& progress) {
   const std::size_t count = pageCount(report.index);
   if (order.first >= count || order.first > order.last) return PagesStatus::nothingToPrint;
+  if (pageIndexIsFull(report.index) && order.last + 1 >= count) return PagesStatus::failed;  // it would not be all of it
   PageFit fit;
   if (!pageFit(pageWidest(report.index), pageLongest(report.index), order.wishes, fit)) return PagesStatus::noRoom;
   const std::wstring place = fullPath(order.file);

@@ -304,7 +304,7 @@ bool printDialog(HWND owner, Report& report, std::size_t page) {
   progressOpen(progress, owner, (L"Printing " + printTitle(report.path)).c_str());
   const PagesStatus status = runJob(report, progressOf(progress));
   progressClose(progress);
-  // Given up: by Cancel, or where Windows asked for a file. The user knows.
+  // Where it failed for no reason with a name, the user gave it up: by Cancel, or where Windows asked for a file.
   if (status != PagesStatus::done && status != PagesStatus::failed) {
     MessageBoxW(owner, statusText(status, report.path, state.setup.name, L"").c_str(), title, MB_ICONERROR);
   }

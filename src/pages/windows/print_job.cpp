@@ -184,6 +184,7 @@ static PagesStatus runJob(const PrintCanvas& canvas, Report& report, const Print
 PagesStatus printPages(const Report& report, const PrintOrder& wanted, const Progress& progress) {
   const std::size_t count = pageCount(report.index);
   if (wanted.first >= count || wanted.first > wanted.last) return PagesStatus::nothingToPrint;
+  if (pageIndexIsFull(report.index) && wanted.last + 1 >= count) return PagesStatus::failed;  // it would not be all of it
   PrintOrder order = wanted;
   order.last = std::min(order.last, count - 1);
   const std::size_t pages = order.last - order.first + 1;

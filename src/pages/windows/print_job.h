@@ -21,7 +21,8 @@ struct PrintOrder {
 };
 
 // `report` has been read to its end. Between two pages nothing of it is held, so that others can write it: one that was begun
-// anew meanwhile ends the job with noReport. A job that `progress` gave up ends with `failed`.
+// anew meanwhile ends the job with noReport. A job that `progress` gave up ends with `failed`, and so does one of a report with
+// more pages than are known.
 PagesStatus printPages(const Report& report, const PrintOrder& order, const Progress& progress);
 
 // The bytes of a file, unchanged, as a job of the kind RAW.

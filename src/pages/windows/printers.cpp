@@ -35,7 +35,6 @@ constexpr NamedPaper namedPapers[] = {
 }  // namespace
 
 static DEVMODEW* modeOf(PrinterSetup& setup) { return reinterpret_cast<DEVMODEW*>(setup.mode.data()); }
-static const DEVMODEW* modeOf(const PrinterSetup& setup) { return reinterpret_cast<const DEVMODEW*>(setup.mode.data()); }
 
 // ---- The list ---------------------------------------------------------------------------------------------------------
 

@@ -9,8 +9,9 @@ std::wstring statusText(PagesStatus status, const std::wstring& report, const st
     case PagesStatus::done:
       return {};
     case PagesStatus::failed:
+      return L"The report " + quoted(report) + L" has too many pages.";
     case PagesStatus::wrongCall:
-      return L"It was given up before its end.";
+      return L"This cannot be done.";
     case PagesStatus::noReport:
       return L"The report " + quoted(report) + L" cannot be read, or it was written anew meanwhile.";
     case PagesStatus::nothingToPrint:

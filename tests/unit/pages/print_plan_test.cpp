@@ -139,6 +139,18 @@ TEST(PrintPlan, anEmptyReportHasNothingToPrint) {
   EXPECT_EQ(plan.status, "The report has no page to print.");
 }
 
+TEST(PrintPlan, aReportWithMorePagesThanAreKnownIsNotPrintedAsIfItWereWhole) {
+  PageIndex index = reportOf(12);
+  index.read.full = true;
+  PrintEntries entries;
+  EXPECT_EQ(printPlan(entries, {}, index, 0).status, "The report has more pages than the 12 that can be printed.");
+  entries.pages = PagesChosen::fromTo;
+  entries.from = "3";
+  EXPECT_FALSE(printPlan(entries, {}, index, 0).possible);
+  entries.to = "11";
+  EXPECT_TRUE(printPlan(entries, {}, index, 0).possible);
+}
+
 TEST(PrintPlan, marginsAreAtLeastWhatThePrinterLeavesBare) {
   PrinterSheet sheet;
   sheet.barePortrait = {12, 12, 12, 48};
