@@ -112,8 +112,8 @@ static void arrange(int width) {
     const bool label = findParts[i].id == -1;
     const int wanted = frameScaled(findParts[i].width);
     const int size = findParts[i].id == ID_FIND_TEXT ? std::min(room, wanted) : wanted;
-    const int lower = frameScaled(label ? 4 : 0);
-    MoveWindow(state.parts[i], x, frameScaled(partGap) + lower, size, frameScaled(partHeight) - lower, TRUE);
+    const int lower = frameScaled(label ? 4 : findParts[i].id == ID_FIND_TEXT ? 2 : 0);
+    MoveWindow(state.parts[i], x, frameScaled(partGap) + lower, size, frameScaled(partHeight) - 2 * lower, TRUE);
     x += size + frameScaled(partGap);
   }
 }

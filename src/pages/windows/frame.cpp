@@ -80,6 +80,7 @@ void frameArrange() {
     const int most = std::max<int>(client.right - frameScaled(narrowestList), frameScaled(narrowestList));
     const int width = std::clamp(frameScaled(state.listWidth), frameScaled(narrowestList), most);
     MoveWindow(state.list, 0, 0, width, bottom, TRUE);
+    reportListArrange();
     left = width + frameScaled(splitterWidth);
   }
   const int width = std::max<int>(client.right - left, 0);
@@ -415,8 +416,8 @@ static bool makeFrame(HINSTANCE instance) {
   windowClass.lpfnWndProc = frameProcedure;
   windowClass.hInstance = instance;
   windowClass.hIcon = LoadIconW(instance, L"QUILLON");
-  windowClass.hIconSm = static_cast<HICON>(LoadImageW(instance, L"QUILLON", IMAGE_ICON,
-                                                      GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0));
+  windowClass.hIconSm = static_cast<HICON>(
+      LoadImageW(instance, L"QUILLON", IMAGE_ICON, GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0));
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   windowClass.lpszMenuName = MAKEINTRESOURCEW(ID_MENU);

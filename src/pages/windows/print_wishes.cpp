@@ -20,7 +20,8 @@ FitWishes printWishes() {
   if (orientation == 1) wishes.orientation = Orientation::portrait;
   if (orientation == 2) wishes.orientation = Orientation::landscape;
   double size = 0;
-  if (enteredLength(utf8FromWide(settingsText(L"FontSize", L"")), smallestFont, largestEnteredFont, size)) wishes.fontSize = size;
+  if (enteredLength(utf8FromWide(settingsText(L"FontSize", L"")), smallestFont, largestEnteredFont, size))
+    wishes.fontSize = size;
   return wishes;
 }
 

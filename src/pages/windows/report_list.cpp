@@ -81,6 +81,7 @@ static void take(std::vector<ListedReport> reports) {
   ListView_SetItemCountEx(state.window, static_cast<int>(state.reports.size()), LVSICF_NOSCROLL);
   state.marking = false;
   selectMarked();
+  reportListArrange();  // the scroll bar may have come or gone
   InvalidateRect(state.window, nullptr, TRUE);
 }
 
@@ -189,14 +190,22 @@ bool reportListNotified(NMHDR* notification, LRESULT& answer) {
 
 // ---- The window --------------------------------------------------------------------------------------------------------
 
-static void setColumns() {
-  static constexpr int widths[] = {130, 125, 65};
-  for (int i = 0; i < 3; ++i) ListView_SetColumnWidth(state.window, i, frameScaled(widths[i]));
+// The names have what the others leave, so that nothing has to be scrolled across.
+void reportListArrange() {
+  static constexpr int writtenWidth = 132;
+  static constexpr int sizeWidth = 72;
+  static constexpr int narrowestName = 90;
+  RECT client = {};
+  GetClientRect(state.window, &client);
+  const int others = frameScaled(writtenWidth) + frameScaled(sizeWidth);
+  ListView_SetColumnWidth(state.window, 0, std::max<int>(client.right - others, frameScaled(narrowestName)));
+  ListView_SetColumnWidth(state.window, 1, frameScaled(writtenWidth));
+  ListView_SetColumnWidth(state.window, 2, frameScaled(sizeWidth));
 }
 
 void reportListNewFont() {
   SendMessageW(state.window, WM_SETFONT, reinterpret_cast<WPARAM>(frameFont()), TRUE);
-  setColumns();
+  reportListArrange();
 }
 
 HWND reportListCreate(HWND parent) {

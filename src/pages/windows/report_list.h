@@ -20,6 +20,7 @@ void reportListMark(const std::wstring& path);
 
 // What the list tells its parent; `answer` is what the parent is to give back.
 bool reportListNotified(NMHDR* notification, LRESULT& answer);
+void reportListArrange();  // its columns, to its width
 void reportListNewFont();
 
 }  // namespace quillon

@@ -76,15 +76,15 @@ static std::wstring wordsText() {
 
 static void setText(StatusPart part, const std::wstring& text) {
   if (state.texts[part] == text) return;
-  state.texts[part] = text;
-  SendMessageW(state.window, SB_SETTEXTW, part, reinterpret_cast<LPARAM>(text.c_str()));
+  // Written only when it is another: who listens to a screen reader hears it once.
+  if (SendMessageW(state.window, SB_SETTEXTW, part, reinterpret_cast<LPARAM>(text.c_str()))) state.texts[part] = text;
 }
 
 void statusBarUpdate() {
   const bool pages = viewer().open && pageCount(viewer().report.index) > 0;
   setText(statusPage, pageText());
   setText(statusFit, pages ? wideFromUtf8(pageFitText(viewer().fit)) : L"");
-  setText(statusZoom, pages ? std::to_wstring(pageViewPercent()) + L" %" : L"");
+  setText(statusZoom, pages && !frameShowsText() ? std::to_wstring(pageViewPercent()) + L" %" : L"");
   setText(statusWords, wordsText());
 }
 
