@@ -1,6 +1,7 @@
 #include "pages/windows/page_view.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "pages/ids.h"
 #include "pages/windows/frame.h"
@@ -26,6 +27,7 @@ static struct {
   unsigned drawn;  // the report's changes that were drawn
   bool wordTaken;  // by a double click, at wordTime: a third click takes the line
   LONG wordTime;
+  POINT wordPoint;
 } state;
 
 // ---- Place -------------------------------------------------------------------------------------------------------------
@@ -173,7 +175,10 @@ static void selectLine(std::size_t line) {
 static void onDown(POINT point, bool extend) {
   SetFocus(state.window);
   const PageSpot spot = spotOf(point);
-  const bool third = state.wordTaken && GetMessageTime() - state.wordTime <= static_cast<LONG>(GetDoubleClickTime());
+  const bool samePlace = std::abs(point.x - state.wordPoint.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
+                         std::abs(point.y - state.wordPoint.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
+  const bool third =
+      state.wordTaken && samePlace && GetMessageTime() - state.wordTime <= static_cast<LONG>(GetDoubleClickTime());
   state.wordTaken = false;
   if (third) return selectLine(spot.line);
   select({extend ? viewer().selection.anchor : spot, spot});
@@ -187,6 +192,7 @@ static void onDoubleClick(POINT point) {
   select(wordSelected(viewer().lines, at));
   state.wordTaken = true;
   state.wordTime = GetMessageTime();
+  state.wordPoint = point;
 }
 
 static void dragTo(POINT point) {

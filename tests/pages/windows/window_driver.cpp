@@ -13,12 +13,12 @@
 //     click X Y, drag X Y X Y, word X Y     on the page, with the mouse
 //     wheel N [ctrl]             N turns away from the user
 //     drop PATH                  a file let go over the window
+//     rewrite N PATH             writes a file anew N times, as quillon.exe does; how often Windows refused that
 //     clipboard                  its text; nothing where it has none
 //     copy TEXT                  puts a text there
 //     dpi N                      the window has come to a screen of so many dots an inch
 //     size WIDTH HEIGHT          of the window; place: left, top, width, height
 //     area ID                    a part's place on the screen: left, top, width, height
-//     menu ID                    the state of a menu's entry: grey, checked
 //     dialog                     the title of the dialog that is open; words: what it says
 //     answers                    how long the window takes to answer, in milliseconds
 //     close                      closes it; the program's status
@@ -352,24 +352,30 @@ std::string copyText(const std::wstring& text) {
   return "ok";
 }
 
+// With nobody else allowed to write, and the old bytes gone first.
+std::string rewrite(int times, const std::wstring& path) {
+  int refused = 0;
+  for (int i = 0; i < times; ++i) {
+    const HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+      ++refused;
+      continue;
+    }
+    const std::string text = "written " + std::to_string(i + 1) + "\r\n\f";
+    DWORD put = 0;
+    WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &put, nullptr);
+    CloseHandle(file);
+    Sleep(20);
+  }
+  return std::to_string(refused);
+}
+
 std::string answers() {
   const ULONGLONG begun = GetTickCount64();
   DWORD_PTR answer = 0;
   if (!SendMessageTimeoutW(program.window, WM_NULL, 0, 0, SMTO_NORMAL, patience, &answer)) return "?none";
   return std::to_string(GetTickCount64() - begun);
-}
-
-std::string menuEntry(int id) {
-  const HMENU menu = GetMenu(program.window);
-  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-    const HMENU popup = GetSubMenu(menu, i);
-    const UINT state = GetMenuState(popup, static_cast<UINT>(id), MF_BYCOMMAND);
-    if (state == static_cast<UINT>(-1)) continue;
-    SendMessageW(program.window, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), i);
-    const UINT now = GetMenuState(popup, static_cast<UINT>(id), MF_BYCOMMAND);
-    return std::string(now & (MF_GRAYED | MF_DISABLED) ? "grey" : "") + (now & MF_CHECKED ? "checked" : "");
-  }
-  return "?no such entry";
 }
 
 std::string closeProgram() {
@@ -411,7 +417,6 @@ std::string seen(const std::string& verb, int id) {
   if (verb == "clipboard") return clipboardText();
   if (verb == "area") return areaOf(part(id));
   if (verb == "place") return areaOf(program.window);
-  if (verb == "menu") return menuEntry(id);
   if (verb == "answers") return answers();
   if (verb == "dialog") return dialogWindow() ? escaped(textOf(dialogWindow())) : "";
   if (verb == "words") return wordsOfDialog();
@@ -438,6 +443,7 @@ std::string carryOut(const std::string& line) {
   numbers >> id;
   if (verb == "command") return PostMessageW(program.window, WM_COMMAND, static_cast<WPARAM>(id), 0) ? "ok" : "?not posted";
   if (verb == "press") return press(id);
+  if (verb == "rewrite") return rewrite(id, widen(rest.substr(rest.find(' ') + 1)));
   if (verb == "dpi") return changeScreen(id);
   if (verb == "type") {
     const std::size_t second = rest.find(' ');
