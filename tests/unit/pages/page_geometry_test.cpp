@@ -61,8 +61,8 @@ TEST(PageGeometry, columnsAreEvenlySpacedAndEndWithinTheMargins) {
     EXPECT_NEAR(pageColumnLeft(geometry, column), geometry.textLeft + static_cast<double>(column) * geometry.columnWidth,
                 0.5001);
   }
-  EXPECT_LE(pageColumnLeft(geometry, 147), geometry.sheetLeft + geometry.sheetWidth - usualMargin * geometry.scale + 1);
-  EXPECT_LE(pageLineTop(geometry, 60), geometry.sheetTop + geometry.sheetHeight - usualMargin * geometry.scale + 1);
+  EXPECT_LE(pageColumnLeft(geometry, 147), geometry.sheetLeft + geometry.sheetWidth - usualMargin * geometry.scale + 1.5);
+  EXPECT_LE(pageLineTop(geometry, 60), geometry.sheetTop + geometry.sheetHeight - usualMargin * geometry.scale + 1.5);
 }
 
 const PageText lines = {"0123456789", "", "0123"};
