@@ -92,7 +92,8 @@ class Spooler:
         self.folder.chmod(0o755)  # jobs are carried out by another user than root
         for name in ("root/ppd", "bin/backend", "spool", "cache", "state", "tmp", "queues"):
             (self.folder / name).mkdir(parents=True)
-        (self.folder / "queues").chmod(0o777)
+        for name in ("tmp", "queues"):
+            (self.folder / name).chmod(0o1777)
         for name in ("daemon", "filter", "notifier"):
             if os.path.exists(f"{SYSTEM_PROGRAMS}/{name}"):
                 (self.folder / "bin" / name).symlink_to(f"{SYSTEM_PROGRAMS}/{name}")

@@ -186,7 +186,7 @@ def cancelled(desktop, folder, spooler):
     """A long job, given up in its window: nothing arrives."""
     (folder / "LONG.TXT").write_bytes(PAGE.encode() * 3000)
     dialog = Dialog(desktop, folder, "print", "LONG.TXT", "1")
-    expect("the long report", dialog.status(), "147 columns, landscape, 8.7 pt; 3000 sheets")
+    expect("the long report", dialog.status(), "147 columns, landscape, 8.9 pt; 3000 sheets")
     dialog.on("press", OK)
     dialog.do("wait Quillon Pages")
     expect("what it says", dialog.do("text 340"), "Printing LONG.TXT")
@@ -250,8 +250,9 @@ def main():
         if options.pictures:
             picture(desktop, folder, frames, options.pictures)
             return 0
-        first_opening(desktop, folder, spooler)
         cancelled(desktop, folder, spooler)
+        forget(desktop)
+        first_opening(desktop, folder, spooler)
         second_opening(desktop, folder, spooler)
         other_report(desktop, folder)
         save_as_pdf(desktop, folder)

@@ -28,7 +28,7 @@ def placed(lines):
 def placed_in_pdf(boxes, left, pitch):
     """The same for each page of a PDF, from where its words stand on the sheet: what pdftotext -bbox gives. A line is its height."""
     pages = []
-    for page in boxes.decode().split("<page ")[1:]:
+    for page in boxes.split("<page ")[1:]:
         found = re.findall(r'xMin="([\d.]+)" yMin="([\d.]+)"[^>]*>(.*?)</word>', page)
         pages.append(sorted((float(y), round((float(x) - left) / pitch), html.unescape(text)) for x, y, text in found))
     return pages

@@ -46,7 +46,7 @@ def check(name, report, folder):
         failures.append(f"{name}: qpdf sees {len(seen.get('pages', []))} pages of {len(want)}")
     read = run("pdftotext", "-layout", "-enc", "UTF-8", pdf, "-").decode().split("\f")[:-1]
     points = float(re.search(r"([\d.]+) pt", said).group(1))
-    by_place = placed_in_pdf(run("pdftotext", "-bbox", pdf, "-"), MARGIN, points * 0.6)
+    by_place = placed_in_pdf(run("pdftotext", "-bbox", pdf, "-").decode(), MARGIN, points * 0.6)
     run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=txtwrite", "-dTextFormat=3", f"-sOutputFile={folder}/gs-%d.txt", pdf)
     for number, lines in enumerate(want):
         got = read[number].split("\n") if number < len(read) else ["no page"]
