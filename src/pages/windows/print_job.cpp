@@ -226,7 +226,7 @@ static PagesStatus sendBytes(HANDLE printer, const std::wstring& path, const Pro
     const bool same = look.bytes.size() == size && look.written == written;
     if (!same && look.bytes.size() <= size) return PagesStatus::noReport;
     // What is on this machine is mapped, and looked at again for each stretch; what had to be read is in memory whole.
-    const std::size_t stretch = look.copy.empty() ? std::size_t{1} << 20 : size;
+    const std::size_t stretch = !look.copy ? std::size_t{1} << 20 : size;
     const std::string_view piece = look.bytes.substr(0, size).substr(at, stretch);
     if (!progressGoesOn(progress, at, size)) return PagesStatus::failed;
     if (!writeAll(printer, piece)) return PagesStatus::printerFailed;
