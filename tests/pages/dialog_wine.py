@@ -169,6 +169,7 @@ def nothing_there(desktop, folder, spooler):
     dialog.end(1)
     spooler.run("cupsreject", "RAW")
     dialog = Dialog(desktop, folder, "print", "REPORT.TXT", "1")
+    dialog.on("pick", "PRINTER", "RAW")
     dialog.on("press", OK)
     dialog.do("wait Quillon Pages")
     if '"RAW" did not take the report' not in dialog.do("words"):
