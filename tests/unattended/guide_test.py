@@ -89,7 +89,7 @@ class Guide(unittest.TestCase):
         report, told = self.report(["trades", "export/" + name, "--sort", sort])
         for line in ("MemberId=" + member, "Date " + date, "Records in the File=" + trades, "Is it Correct?", "PRINTING COMPLETE"):
             self.assertIn(line, told)
-        self.expect_begin(report, block_behind(text, "It begins like this:", 8))
+        self.expect_begin(report, block_behind(text, "like this:", 8))
 
     def test_every_call_is_one_that_quillon_print_takes(self):
         for name in DAY:
