@@ -43,7 +43,7 @@ static std::wstring standardPrinter() {
   GetDefaultPrinterW(nullptr, &size);
   std::wstring name(size, L'\0');
   if (size == 0 || !GetDefaultPrinterW(name.data(), &size)) return {};
-  name.resize(name.find(L'\0'));  // the size counts the end
+  name.resize(std::min(name.size(), name.find(L'\0')));  // the size counts the end
   return name;
 }
 
