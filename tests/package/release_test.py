@@ -180,8 +180,8 @@ class Release(unittest.TestCase):
             date = release.commit_date()
             release.set_dates(tree, date if name == "one" else date + 3600)
             release.make_zip(tree, "q", date, folder / "q.zip")
-            release.make_installer(tree, self.version, date, folder / "work", folder / "setup.exe", "zlib")
-            made.append([(folder / result).read_bytes() for result in ("q.zip", "setup.exe")])
+            release.make_installer(tree, self.version, date, folder / "work", folder / "q-setup.exe", "zlib")
+            made.append([(folder / result).read_bytes() for result in ("q.zip", "q-setup.exe")])
             shutil.rmtree(folder)
         self.assertEqual(made[0], made[1])
 
