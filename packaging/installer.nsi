@@ -27,6 +27,7 @@ InstallDir "$LOCALAPPDATA\Programs\Quillon"
 InstallDirRegKey HKCU "${KEY}" "InstallLocation"
 RequestExecutionLevel user
 ManifestDPIAware true
+ManifestSupportedOS Win10
 SetDateSave off
 SetOverwrite on
 AllowSkipFiles off

@@ -32,7 +32,7 @@ OLDER_VERSION = "18.1"
 OLDER_FILES = ["guide/chapters/one.html", "samples/export/OLD.B01", "OLD.TXT"]
 KEY = "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Quillon"
 ENTRIES = ["Quillon Guide.lnk", "Quillon Pages.lnk", "Quillon Samples.lnk", "Quillon.lnk", "Uninstall Quillon.lnk"]
-IN_USE = 5
+TOO_OLD, IN_USE = 3, 5
 DEADLINE = 120
 
 
@@ -60,7 +60,8 @@ class OwnDesktop(wine_desktop.Desktop):
         self.prefix = os.path.join(self.build, "wine-package")
         self.home = pathlib.Path(self.prefix + "-home")
         self.home.mkdir(exist_ok=True)
-        self.environment.update(WINEPREFIX=self.prefix, HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / ".config"))
+        self.environment.update(WINEPREFIX=self.prefix, HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / ".config"),
+                                LC_ALL="C.UTF-8")
         self.disk = pathlib.Path(self.prefix) / "drive_c"
 
     def run(self, arguments, folder=None):
@@ -69,6 +70,10 @@ class OwnDesktop(wine_desktop.Desktop):
 
     def status(self, arguments, folder=None):
         return self.run(arguments, folder).returncode
+
+    def take_for(self, windows):
+        """Wine passes for any Windows; its own choice is an old one."""
+        expect("reg's status", self.status(["reg", "add", "HKCU\\Software\\Wine", "/v", "Version", "/d", windows, "/f"]), 0)
 
     def variable(self, name):
         """What Windows says where a folder is, as a path of ours."""
@@ -164,6 +169,13 @@ class Installation:
         expect("version", self.desktop.value("DisplayVersion"), version)
         expect("start menu", sorted(os.listdir(self.menu)), ENTRIES)
 
+    def on_an_old_windows(self):
+        self.desktop.take_for("win81")
+        before = self.desktop.files()
+        expect("status on an old Windows", self.install(self.older), TOO_OLD)
+        expect("files that changed", sorted(set(before.items()) ^ set(self.desktop.files().items())), [])
+        self.desktop.take_for("win10")
+
     def fresh(self):
         expect("status", self.install(self.older), 0)
         self.expect_installed(OLDER_VERSION, OLDER_FILES)
@@ -247,6 +259,7 @@ class Installation:
             time.sleep(0.2)
 
     def live(self, pem):
+        self.on_an_old_windows()
         before = self.desktop.files(), self.desktop.registry()
         self.fresh()
         self.work_with_it()
