@@ -141,10 +141,10 @@ def stage(build, tree, version, date):
 
 
 def make_zip(tree, top, date, path):
-    """The tree below one folder. A zip has no time zone: its times are those of Greenwich."""
+    """The tree below one folder. A zip has no time zone: its times are those of Greenwich, in steps of two seconds."""
     with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED, compresslevel=9) as archive:
         for name in files_of(tree):
-            entry = zipfile.ZipInfo(f"{top}/{name}", time.gmtime(date)[:6])
+            entry = zipfile.ZipInfo(f"{top}/{name}", time.gmtime(date - date % 2)[:6])
             entry.compress_type = zipfile.ZIP_DEFLATED
             entry.create_system = 0  # of Windows, which has no permissions to tell
             entry.external_attr = 0x20
