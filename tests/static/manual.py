@@ -23,7 +23,7 @@ import tempfile
 
 ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
 
-MACHINE = re.compile(r"/(?:home|root|work|tmp|Users)/|\bfile:|\b[A-Z]:\\(?:Users|Documents)")
+MACHINE = re.compile(r"/(?:home|root|work|tmp|Users)/|\bfile://|\b[A-Z]:\\(?:Users|Documents)")
 # Words in bold that are answers and names, and not on the form.
 NO_LABELS = {"Yes", "No"}
 
@@ -276,6 +276,8 @@ class Guide(html.parser.HTMLParser):
             self.open.append((tag, values))
 
     def handle_endtag(self, tag):
+        if tag in self.EMPTY:
+            return
         while self.open and self.open.pop()[0] != tag:
             pass
 

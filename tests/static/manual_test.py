@@ -96,7 +96,7 @@ class OfGuide(unittest.TestCase):
 <title>Quillon 18.2: Guide</title><style>a {}</style></head><body><nav><a href="#start">Start</a><a href="#one">One</a></nav><main>
 <section id="start"><h2>Start</h2><p class="on-page">On this page: <a href="#one.x">X</a></p><p>See <a href="#one">one</a>.</p></section>
 <section id="one"><h2>One</h2><ol><li id="one.x">Press <code>A|B</code>.</li></ol>
-<p><img src="data:image/png;base64,AA==" alt="A picture of it"></p><div class="table"><table></table></div></section>
+<p><img src="data:image/png;base64,AA==" alt="A picture of it" /></p><div class="table"><table></table></div></section>
 </main></body></html>"""
 
     def expect(self, old, new, *problems):
@@ -123,7 +123,7 @@ class OfGuide(unittest.TestCase):
         self.expect("data:image/png;base64,AA==", "https://example.org/a.png", "a picture is not inside the guide")
         self.expect("data:image/png;base64,AA==", "images/one.png", "a picture is not inside the guide")
         self.expect('alt="A picture of it"', 'alt=""', "a picture is not inside the guide, or has no words")
-        self.expect('<img src="data:image/png;base64,AA==" alt="A picture of it">', "", "shows 0 pictures, the pages 1")
+        self.expect('<img src="data:image/png;base64,AA==" alt="A picture of it" />', "", "shows 0 pictures, the pages 1")
 
     def test_what_would_run_or_load_something(self):
         self.expect("</main>", "<script></script></main>", "more than text, pictures and style")

@@ -24,10 +24,11 @@ class Desktop:
     """`with Desktop(build) as desktop:` ; build is the folder with quillon.exe and quillon-driver.exe.
 
     Its own screen's points are kept in the folder `frame_buffers`, where one is given, for who takes pictures.
-    With `own_screen` False the windows come up on the display that is there, each by itself.
+    With `own_screen` False the windows come up on the display that is there, each by itself. `prefix` is the name of another
+    prefix than the tests'.
     """
 
-    def __init__(self, build, own_screen=True, dpi=96, frame_buffers=None):
+    def __init__(self, build, own_screen=True, dpi=96, frame_buffers=None, prefix=None):
         self.build = os.path.abspath(build)
         self.program = os.path.join(self.build, "quillon.exe")
         self.driver = os.path.join(self.build, "quillon-driver.exe")
@@ -38,7 +39,7 @@ class Desktop:
             if not shutil.which(tool):
                 raise DesktopError("%s is not installed: tools/setup installs what the tests need" % tool)
         # A program that is left open for use has a prefix of its own, so that no test meets it or ends it.
-        self.prefix = os.path.join(self.build, "wine" if own_screen else "wine-for-use")
+        self.prefix = os.path.join(self.build, prefix or ("wine" if own_screen else "wine-for-use"))
         self.own_screen = own_screen
         self.dpi = dpi
         self.frame_buffers = frame_buffers
