@@ -32,7 +32,7 @@ OLDER_VERSION = "18.1"
 OLDER_FILES = ["guide/chapters/one.html", "samples/export/OLD.B01", "OLD.TXT"]
 KEY = "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Quillon"
 ENTRIES = ["Quillon Guide.lnk", "Quillon Pages.lnk", "Quillon Samples.lnk", "Quillon.lnk", "Uninstall Quillon.lnk"]
-TOO_OLD, IN_USE = 3, 5
+NOT_WRITTEN, TOO_OLD, IN_USE = 2, 3, 5
 # What Windows, and Wine in its place, writes for itself when a program shows a window or is installed: the bare key of all uninstallers.
 WINDOWS_OWN = re.compile(r"\\Explorer\\Advanced\]|\\Software\\Wine\\|\\CurrentVersion\\Uninstall\]")
 DEADLINE = 120
@@ -183,6 +183,14 @@ class Installation:
         expect("files that changed", sorted(set(before.items()) ^ set(self.desktop.files().items())), [])
         self.desktop.take_for("win10")
 
+    def where_nothing_can_be_written(self):
+        closed = self.desktop.disk / "users" / "Closed"
+        closed.mkdir(mode=0o555)
+        before = self.desktop.files()
+        expect("status where nothing can be written", self.install(self.older, "/D=C:\\users\\Closed\\Quillon"), NOT_WRITTEN)
+        expect("files that changed", sorted(set(before.items()) ^ set(self.desktop.files().items())), [])
+        closed.rmdir()
+
     def fresh(self):
         expect("status", self.install(self.older), 0)
         self.expect_installed(OLDER_VERSION, OLDER_FILES)
@@ -267,6 +275,7 @@ class Installation:
 
     def live(self, pem):
         self.on_an_old_windows()
+        self.where_nothing_can_be_written()
         before = self.desktop.files(), self.desktop.registry()
         self.fresh()
         self.work_with_it()
