@@ -29,15 +29,24 @@ static double inTenths(double size) { return std::floor(size * 10 + slack) / 10;
 
 static std::size_t howMany(double room, double each) { return static_cast<std::size_t>(room / each + slack); }
 
+static Margins widerOf(const Margins& one, const Margins& other) {
+  return {std::max(one.left, other.left), std::max(one.top, other.top), std::max(one.right, other.right),
+          std::max(one.bottom, other.bottom)};
+}
+
 // The fit with the sheet lying one way. False where there is no room.
 static bool fitOneWay(bool landscape, const FitWishes& wishes, PageFit& fit) {
   fit.landscape = landscape;
   fit.width = landscape ? wishes.sheet.height : wishes.sheet.width;
   fit.height = landscape ? wishes.sheet.width : wishes.sheet.height;
-  fit.left = wishes.margins.left;
-  fit.top = wishes.margins.top;
-  const double width = fit.width - wishes.margins.left - wishes.margins.right;
-  const double height = fit.height - wishes.margins.top - wishes.margins.bottom;
+  const Margins& wished = wishes.margins;
+  const Margins margins = widerOf(wished, landscape ? wishes.bareLandscape : wishes.barePortrait);
+  fit.widened =
+      margins.left > wished.left || margins.top > wished.top || margins.right > wished.right || margins.bottom > wished.bottom;
+  fit.left = margins.left;
+  fit.top = margins.top;
+  const double width = fit.width - margins.left - margins.right;
+  const double height = fit.height - margins.top - margins.bottom;
   const auto columns = static_cast<double>(fit.columns);
   const auto lines = static_cast<double>(fit.lines);
   const double fitting = std::min({width / (columns * characterWidth), height / lines, largestFont});

@@ -38,6 +38,9 @@ enum class Orientation { automatic, portrait, landscape };
 struct FitWishes {
   Sheet sheet = sheetA4;
   Margins margins = usualMargins;  // of the sheet as it lies in front of the reader
+  // What the printer leaves bare at least, with the sheet upright and across: narrower margins become as wide as that.
+  Margins barePortrait = {0, 0, 0, 0};
+  Margins bareLandscape = {0, 0, 0, 0};
   Orientation orientation = Orientation::automatic;
   double fontSize = 0;  // 0: as large as fits, at most largestFont
 };
@@ -50,6 +53,7 @@ struct PageFit {
   double height;
   double fontSize;  // in whole tenths of a point
   double lineHeight;
+  bool widened;         // a margin is wider than was wished, because the printer leaves more bare
   double left;          // where the first character begins
   double top;           // of the first line, from the sheet's upper edge
   std::size_t columns;  // of the report

@@ -2,11 +2,10 @@
 
 #include <utility>
 
+#include "pages/entered.h"
 #include "text/letters.h"
 
 namespace quillon {
-
-static constexpr std::size_t mostCopies = 999;
 
 std::string_view pagesHelp() {
   return "Shows, prints and keeps reports.\n"
@@ -33,51 +32,15 @@ std::string_view pagesHelp() {
 
 // ---- Values -----------------------------------------------------------------------------------------------------------
 
-// A whole number from `least` to `most`, nothing else around it.
-static bool readCount(std::string_view text, std::size_t least, std::size_t most, std::size_t& value) {
-  if (text.empty() || text.size() > 9) return false;
-  std::size_t number = 0;
-  for (const char c : text) {
-    if (c < '0' || c > '9') return false;
-    number = number * 10 + static_cast<std::size_t>(c - '0');
-  }
-  if (number < least || number > most) return false;
-  value = number;
-  return true;
-}
-
-// A length such as "8", "8.5" or "8,5", whatever the language of Windows.
-static bool readLength(std::string_view text, double least, double most, double& value) {
-  double number = 0;
-  double unit = 1;
-  bool fraction = false;
-  bool digits = false;
-  for (const char c : text) {
-    if ((c == '.' || c == ',') && !fraction) {
-      fraction = true;
-    } else if (c >= '0' && c <= '9') {
-      digits = true;
-      number = number * 10 + (c - '0');
-      if (fraction) unit *= 10;
-    } else {
-      return false;
-    }
-  }
-  number /= unit;
-  if (!digits || text.size() > 12 || number < least || number > most) return false;
-  value = number;
-  return true;
-}
-
 // "3", "3-7" or "3-", counted from 1.
 static bool readPages(std::string_view text, PagesCommand& command) {
   const std::size_t dash = text.find('-');
   std::size_t first = 0;
   std::size_t last = mostPages;
-  if (!readCount(text.substr(0, dash), 1, mostPages, first)) return false;
+  if (!enteredCount(text.substr(0, dash), 1, mostPages, first)) return false;
   if (dash == std::string_view::npos) {
     last = first;
-  } else if (dash + 1 < text.size() && !readCount(text.substr(dash + 1), first, mostPages, last)) {
+  } else if (dash + 1 < text.size() && !enteredCount(text.substr(dash + 1), first, mostPages, last)) {
     return false;
   }
   command.firstPage = first - 1;
@@ -87,7 +50,7 @@ static bool readPages(std::string_view text, PagesCommand& command) {
 
 static bool readMargin(std::string_view text, PagesCommand& command) {
   double millimetres = 0;
-  if (!readLength(text, 0, 500, millimetres)) return false;
+  if (!enteredLength(text, 0, widestMargin, millimetres)) return false;
   const double margin = millimetres * pointsPerMillimetre;
   command.wishes.margins = {margin, margin, margin, margin};
   command.marginsGiven = true;
@@ -113,11 +76,11 @@ static bool takeValue(std::string_view option, const std::string& value, PagesCo
   if (option == "RAW") return act(PagesAction::raw, command.printer), true;
   if (option == "PDF") return act(PagesAction::pdf, command.file), true;
   if (option == "PAGES") return valid = readPages(value, command), true;
-  if (option == "FONT") return valid = readLength(value, smallestFont, 72, command.wishes.fontSize), true;
+  if (option == "FONT") return valid = enteredLength(value, smallestFont, largestEnteredFont, command.wishes.fontSize), true;
   if (option == "MARGIN") return valid = readMargin(value, command), true;
   if (option == "PAPER") return valid = readPaper(value, command), true;
-  if (option == "LINES") return valid = readCount(value, 1, longestPage, command.flowLines), true;
-  if (option == "COPIES") return valid = readCount(value, 1, mostCopies, command.copies), true;
+  if (option == "LINES") return valid = enteredCount(value, 1, longestPage, command.flowLines), true;
+  if (option == "COPIES") return valid = enteredCount(value, 1, mostCopies, command.copies), true;
   return false;
 }
 

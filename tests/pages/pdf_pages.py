@@ -7,13 +7,14 @@ For every folder of approved reports: all of them joined to one report, and the 
 first word) by itself. qpdf finds no fault in the file; pdftotext and Ghostscript give the text of each page.
 """
 
-import html
 import json
 import pathlib
 import re
 import subprocess
 import sys
 import tempfile
+
+from page_words import MARGIN, difference, evenly_spaced, pages_of, placed, placed_in_pdf, without_line_numbers
 
 PROGRAM, REPORTS = sys.argv[1], pathlib.Path(sys.argv[2])
 failures = []
@@ -26,54 +27,8 @@ def run(*command):
     return done.stdout
 
 
-def pages_of(report):
-    """The report's pages as lists of lines, blanks at their ends and empty lines at the pages' ends left off."""
-    text = report.decode("cp1252").replace("\r", "")
-    pages = text.split("\f")
-    if not pages[-1].strip():
-        pages.pop()
-    if len(pages) == 1 and "\f" not in text:  # no form feeds: pages of 66 lines
-        lines = text.split("\n")
-        pages = ["\n".join(lines[i:i + 66]) for i in range(0, len(lines), 66)]
-        while not pages[-1].strip():
-            pages.pop()
-    return [[line.rstrip() for line in page.rstrip().split("\n")] for page in pages]
-
-
 def words(lines):
     return [line.split() for line in lines if line.strip()]
-
-
-LEFT = 10 * 72 / 25.4
-
-
-def placed(lines):
-    """Each word of a page with its line and column."""
-    return [(number, match.start(), match.group()) for number, line in enumerate(lines) for match in re.finditer(r"\S+", line)]
-
-
-def placed_in_pdf(pdf, pitch):
-    """The same for each page of a PDF, from where its words stand on the sheet. Lines are numbered as they come."""
-    pages = []
-    for page in run("pdftotext", "-bbox", pdf, "-").decode().split("<page ")[1:]:
-        found = re.findall(r'xMin="([\d.]+)" yMin="([\d.]+)"[^>]*>(.*?)</word>', page)
-        pages.append(sorted((float(y), round((float(x) - LEFT) / pitch), html.unescape(text)) for x, y, text in found))
-    return pages
-
-
-def without_line_numbers(words):
-    """Lines as they follow each other: where empty ones stand between is seen in the distances, which is checked apart."""
-    order = {line: number for number, line in enumerate(sorted({line for line, _, _ in words}))}
-    return [(order[line], column, text) for line, column, text in words]
-
-
-def evenly_spaced(want, got):
-    """All lines of the page stand at whole multiples of one distance from its first."""
-    wanted, found = sorted({line for line, _, _ in want}), sorted({line for line, _, _ in got})
-    if len(wanted) < 2 or len(wanted) != len(found):
-        return len(wanted) == len(found)
-    height = (found[-1] - found[0]) / (wanted[-1] - wanted[0])
-    return all(abs((y - found[0]) / height - (line - wanted[0])) < 0.05 for line, y in zip(wanted, found))
 
 
 def check(name, report, folder):
@@ -91,7 +46,7 @@ def check(name, report, folder):
         failures.append(f"{name}: qpdf sees {len(seen.get('pages', []))} pages of {len(want)}")
     read = run("pdftotext", "-layout", "-enc", "UTF-8", pdf, "-").decode().split("\f")[:-1]
     points = float(re.search(r"([\d.]+) pt", said).group(1))
-    by_place = placed_in_pdf(pdf, points * 0.6)
+    by_place = placed_in_pdf(run("pdftotext", "-bbox", pdf, "-").decode(), MARGIN, points * 0.6)
     run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=txtwrite", "-dTextFormat=3", f"-sOutputFile={folder}/gs-%d.txt", pdf)
     for number, lines in enumerate(want):
         got = read[number].split("\n") if number < len(read) else ["no page"]
@@ -110,13 +65,6 @@ def check(name, report, folder):
             page.unlink()
         if len(failures) > before + 3:
             break
-
-
-def difference(want, got):
-    for number, (wanted, found) in enumerate(zip(want, got), 1):
-        if wanted != found:
-            return f"line {number}:\n- {wanted}\n+ {found}"
-    return f"{len(want)} lines wanted, {len(got)} found"
 
 
 def with_returns(text):

@@ -4,3 +4,9 @@ target_link_libraries(report_to_pdf PRIVATE quillon_pages)
 add_test(NAME pages.pdf COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/pdf_pages.py $<TARGET_FILE:report_to_pdf>
   ${CMAKE_CURRENT_SOURCE_DIR}/reports)
 set_tests_properties(pages.pdf PROPERTIES TIMEOUT 600)
+# quillon-pages.exe on printers of a spooler of the tests' own.
+add_test(NAME windows.pages_print COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/print_wine.py ${CMAKE_BINARY_DIR}/../windows
+  ${CMAKE_CURRENT_SOURCE_DIR}/reports)
+set_tests_properties(windows.pages_print PROPERTIES LABELS windows RESOURCE_LOCK wine TIMEOUT 900)
+add_test(NAME windows.pages_dialogs COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/dialog_wine.py ${CMAKE_BINARY_DIR}/../windows)
+set_tests_properties(windows.pages_dialogs PROPERTIES LABELS windows RESOURCE_LOCK wine TIMEOUT 600)

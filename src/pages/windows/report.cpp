@@ -2,13 +2,18 @@
 
 #include <algorithm>
 
+#include "pages/report_samples.h"
+#include "pages/windows/paths.h"
+
 namespace quillon {
+
+// ---- Its bytes ---------------------------------------------------------------------------------------------------------
 
 // A handle for the length of a look.
 struct OpenFile {
   explicit OpenFile(const std::wstring& path)
-      : handle(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                           OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+      : handle(CreateFileW(pathOfAnyLength(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                           nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)) {}
   ~OpenFile() {
     if (handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
   }
@@ -36,18 +41,41 @@ static bool map(HANDLE file, std::size_t size, ReportBytes& look) {
   return true;
 }
 
-static bool read(HANDLE file, std::size_t size, ReportBytes& look) {
-  look.copy.resize(size);
+// Room for a whole report, or none: the memory may be too small for it.
+static std::shared_ptr<char> memoryFor(std::size_t size) {
+  void* const memory = VirtualAlloc(nullptr, size, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
+  if (!memory) return {};
+  return {static_cast<char*>(memory), [](char* given) { VirtualFree(given, 0, MEM_RELEASE); }};
+}
+
+// What was read last.
+static struct {
+  std::wstring path;
+  std::uint64_t size;
+  std::uint64_t written;
+  std::shared_ptr<const char> bytes;
+} kept;
+
+static bool read(HANDLE file, const std::wstring& path, std::size_t size, ReportBytes& look) {
+  if (kept.bytes && kept.path == path && kept.size == size && kept.written == look.written) {
+    look.copy = kept.bytes;
+    look.bytes = {look.copy.get(), size};
+    return true;
+  }
+  kept.bytes.reset();
+  const std::shared_ptr<char> memory = memoryFor(size);
+  if (!memory) return false;
   std::size_t total = 0;
   while (total < size) {
     const DWORD asked = static_cast<DWORD>(std::min<std::size_t>(size - total, std::size_t{16} << 20));
     DWORD got = 0;
-    if (!ReadFile(file, look.copy.data() + total, asked, &got, nullptr)) return false;
+    if (!ReadFile(file, memory.get() + total, asked, &got, nullptr)) return false;
     if (got == 0) break;  // it became shorter meanwhile: what is there counts
     total += got;
   }
-  look.copy.resize(total);
-  look.bytes = look.copy;
+  look.copy = memory;
+  look.bytes = {memory.get(), total};
+  kept = {path, total, look.written, memory};
   return true;
 }
 
@@ -66,24 +94,30 @@ bool reportLook(const std::wstring& path, ReportBytes& look) {
   if (size.QuadPart == 0) return true;
   const std::size_t bytes = static_cast<std::size_t>(size.QuadPart);
   if (isOnThisMachine(file.handle) && map(file.handle, bytes, look)) return true;
-  return read(file.handle, bytes, look);
+  return read(file.handle, path, bytes, look);
 }
+
+// ---- Its pages ---------------------------------------------------------------------------------------------------------
 
 void reportOpen(Report& report, const std::wstring& path, std::size_t flowLines) {
   report.path = path;
   report.index = pageIndexStart(flowLines);
   report.size = 0;
   report.written = 0;
+  report.samples.clear();
   ++report.version;
 }
 
 ReportState reportStep(Report& report, ReportBytes& look, std::size_t budget) {
   if (!reportLook(report.path, look)) return ReportState::unreadable;
-  const bool grown = look.bytes.size() > report.size;
   const bool same = look.bytes.size() == report.size && look.written == report.written;
-  if (!grown && !same) reportOpen(report, report.path, report.index.flowLines);  // written anew
-  report.size = look.bytes.size();
-  report.written = look.written;
+  if (!same) {
+    const bool grown = look.bytes.size() > report.size && reportContinues(report.samples, report.size, look.bytes);
+    if (!grown) reportOpen(report, report.path, report.index.flowLines);  // written anew
+    report.size = look.bytes.size();
+    report.written = look.written;
+    report.samples = reportSamples(look.bytes);
+  }
   return pageIndexStep(report.index, look.bytes, budget) ? ReportState::complete : ReportState::reading;
 }
 

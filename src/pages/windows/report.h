@@ -4,10 +4,11 @@
 // Windows lets nobody write a file anew while it is mapped: with a report on the screen, quillon.exe would be refused its own
 // output. So nothing is held between two looks. A step of the window opens the file, maps it, looks, and gives all back.
 // What lies on another machine is read into memory: a mapped network file that goes away ends in a fault in the middle of a
-// line.
+// line. The bytes read last are kept until the file has changed, so that turning its pages does not read it again.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -26,10 +27,11 @@ struct ReportBytes {
   std::string_view bytes;
   std::uint64_t written = 0;  // when it was last written, in Windows' hundreds of nanoseconds
 
-  const void* mapped = nullptr;  // its own
-  std::string copy;              // its own
+  const void* mapped = nullptr;      // its own
+  std::shared_ptr<const char> copy;  // its own
 };
-// False when the file cannot be read (GetLastError tells why); `look` is then empty. An empty file can be read.
+// False when the file cannot be read (GetLastError tells why); `look` is then empty. An empty file can be read. A path may have
+// any length.
 [[nodiscard]] bool reportLook(const std::wstring& path, ReportBytes& look);
 
 struct Report {
@@ -37,6 +39,7 @@ struct Report {
   PageIndex index;
   std::uint64_t size = 0;  // at the last look
   std::uint64_t written = 0;
+  std::string samples;   // of its bytes then: whether it grew or was written anew shows in them
   unsigned version = 0;  // one more whenever the report was begun again: what was selected or found in it is void
 };
 
@@ -44,7 +47,8 @@ enum class ReportState { unreadable, reading, complete };
 
 void reportOpen(Report& report, const std::wstring& path, std::size_t flowLines = usualFlowLines);
 // Takes `look` at the file, which must be empty, and reads about `budget` bytes further. A file that was written anew is begun
-// again; one that has grown is gone on with. When it cannot be read, all that was known of it stays.
+// again, also where it is longer than before; one that has grown is gone on with. When it cannot be read, all that was known of
+// it stays.
 ReportState reportStep(Report& report, ReportBytes& look, std::size_t budget);
 // The whole report, for who prints or saves it. False when it cannot be read.
 [[nodiscard]] bool reportFinish(Report& report, ReportBytes& look);
