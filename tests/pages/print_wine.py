@@ -181,6 +181,9 @@ def check_statuses(pages, spooler, scratch):
     pages.call(NOTHING, "ZEROS.TXT", "/print", "PDF")
     pages.call(NOTHING, "TWO.TXT", "/print", "PDF", "/pages", "3-")
     pages.call(NOTHING, "TWO.TXT", "/pdf", "none.pdf", "/pages", "3")
+    (scratch / "MANY.TXT").write_bytes(b"x\f" * ((1 << 22) + 5))  # more pages than are known
+    pages.call(FAILED, "MANY.TXT", "/print", "PDF")
+    pages.call(FAILED, "MANY.TXT", "/pdf", "none.pdf")
     pages.call(NO_ROOM, "TWO.TXT", "/print", "PDF", "/margin", "200")
     pages.call(NO_ROOM, "TWO.TXT", "/pdf", "none.pdf", "/margin", "200")
     for printer in ("NONE", "P" * 300, "\u0160koda \u20ac", "\\\\nowhere\\printer"):

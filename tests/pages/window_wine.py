@@ -3,9 +3,12 @@
 
     window_wine.py BUILD REPORTS [TEST ...]      BUILD holds the programs, REPORTS the approved pages
     window_wine.py BUILD REPORTS --large FILE    opens a report of any size and tells how long all takes; nothing is tested
+    window_wine.py BUILD REPORTS --pictures FOLDER [--dpi N]    keeps pictures of the window there, with the reports of the folder
+                                                 REPORTS, which quillon-print --all makes of the samples; nothing is tested
 """
 
 import argparse
+import importlib.machinery
 import os
 import pathlib
 import random
@@ -13,6 +16,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 
 HERE = pathlib.Path(__file__).resolve().parent
@@ -379,6 +383,28 @@ def report_is_dropped_and_chosen(desktop, folder):
         window.wait("dialog", "")
 
 
+def dialogs_of_printing_are_reached(desktop, folder):
+    write(folder + "/A.TXT", report(2))
+    with Window(desktop, folder, "A.TXT") as window:
+        window.page(1, 2)
+        window.do("key ctrl+P")
+        window.wait("dialog", "Print")
+        with open(folder + "/A.TXT", "ab") as file:  # what comes meanwhile is taken up afterwards
+            file.write(report(1, first=3))
+        time.sleep(1.2)
+        expect("pages while the dialog is open", window.ask("status %d" % PAGE), "Page 1 of 2")
+        window.do("press 2")
+        window.wait("dialog", "")
+        window.page(1, 3)
+        window.do("key ctrl+S")
+        window.wait("dialog", "Save as PDF")
+        window.do("type 1152 " + wine_desktop.windows_path(folder + "/SAVED.pdf"), "press 1")
+        window.wait("dialog", "")
+        with open(folder + "/SAVED.pdf", "rb") as file:
+            pdf = file.read()
+        expect("a PDF of three pages", (pdf[:5], b"/Count 3" in pdf), (b"%PDF-", True))
+
+
 # ---- Files that change -------------------------------------------------------------------------------------------------
 
 
@@ -509,6 +535,7 @@ TESTS = [
     folder_is_listed_newest_first_and_followed,
     empty_folder_shows_no_report,
     report_is_dropped_and_chosen,
+    dialogs_of_printing_are_reached,
     report_that_grows_is_followed,
     report_that_is_written_anew_is_shown_anew,
     report_in_front_can_be_written_and_removed_by_others,
@@ -569,19 +596,57 @@ def measure(desktop, path):
         print("searched through in %.2f s; meanwhile the window answered within %d ms" % (time.monotonic() - begun, slowest))
 
 
+def pictures(desktop, place):
+    """The window as docs/pages.md shows it: a sheet with what was found on it, and the text view."""
+    forget(desktop)
+    folder = wine_desktop.new_folder()
+    shutil.copytree(desktop.reports, folder + "/reports")
+    names = ["TR010109.B01.txt", "OR250509.LOG.txt", "BR010109.BIN.txt", "TL010109.SAV.txt", "TD010109.TRD.txt", "QO250509.LOG.txt"]
+    for ago, name in enumerate(names):
+        os.utime("%s/reports/%s" % (folder, name), (time.time() - 60 - 400 * ago,) * 2)
+    for name in os.listdir(folder + "/reports"):
+        if name not in names:
+            os.remove("%s/reports/%s" % (folder, name))
+    with Window(desktop, folder, "reports/" + names[0]) as window:
+        window.do("size 1180 760")
+        window.seek("lotusglass")
+        window.do("key F3")
+        window.status(WORDS, re.compile("Match .*"))
+        picture(desktop, window, os.path.join(place, "pages.png"))
+        window.do("key ctrl+T", "key Esc")
+        window.wait("visible %d" % IDS["FIND_BAR"], "no")
+        picture(desktop, window, os.path.join(place, "pages_text.png"))
+    shutil.rmtree(folder)
+
+
+def picture(desktop, window, path):
+    time.sleep(1)  # until all is drawn
+    tool = importlib.machinery.SourceFileLoader("pictures", str(ROOT / "tools" / "pictures")).load_module()
+    left, top, width, height = map(int, window.ask("place").split())
+    _, _, rows = tool.read_screen(os.path.join(desktop.frame_buffers, "Xvfb_screen0"))
+    tool.write_png(path, (left, top, left + width, top + height), rows)
+    print(path)
+
+
 def main():
     parser = argparse.ArgumentParser(description="Tests of the window of quillon-pages.")
     parser.add_argument("build")
     parser.add_argument("reports", type=pathlib.Path)
     parser.add_argument("tests", nargs="*", metavar="TEST")
     parser.add_argument("--large", metavar="FILE")
+    parser.add_argument("--pictures", metavar="FOLDER")
+    parser.add_argument("--dpi", type=int, default=96)
     options = parser.parse_args()
     chosen = [test for test in TESTS if not options.tests or test.__name__ in options.tests]
     failed = 0
     begun = time.monotonic()
     try:
-        with wine_desktop.Desktop(options.build) as desktop:
+        with tempfile.TemporaryDirectory() as frames, \
+                wine_desktop.Desktop(options.build, dpi=options.dpi, frame_buffers=frames) as desktop:
             desktop.reports = options.reports
+            if options.pictures:
+                pictures(desktop, options.pictures)
+                return 0
             if options.large:
                 measure(desktop, os.path.abspath(options.large))
                 return 0

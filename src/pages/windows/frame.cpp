@@ -30,7 +30,7 @@ static constexpr UINT lookEvery = 1000;  // milliseconds between two looks at wh
 static constexpr std::size_t lookBudget = std::size_t{4} << 20;
 static constexpr int splitterWidth = 5;
 static constexpr int narrowestList = 80;
-static constexpr int usualListWidth = 320;
+static constexpr int usualListWidth = 340;
 
 static struct {
   HWND window;

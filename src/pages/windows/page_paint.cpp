@@ -86,33 +86,49 @@ static void visibleColumns(const PagePaint& paint, std::size_t size, std::size_t
   behind = static_cast<std::size_t>(std::clamp(std::ceil(right) + 1, 0.0, most));
 }
 
-static void paintMarks(const PagePaint& paint, std::size_t line) {
-  for (const PageMark& mark : paint.report.marks) {
-    if (mark.line != line) continue;
-    const bool current = mark.offset == paint.report.match;
-    paintGround(paint, line, mark.column, mark.column + mark.columns, current ? currentMarkGround : markGround);
-    paintCharacters(paint, line, mark.column, std::min(mark.column + mark.columns, paint.report.lines[line].size()), markInk);
-  }
-}
-
-static void paintSelection(const PagePaint& paint, std::size_t line) {
+// The grounds of a line's marks and of what is selected on it. All grounds come before all letters: letters reach over their
+// line, and rules of underscores stand in the next.
+static void paintGrounds(const PagePaint& paint, std::size_t line) {
   const Viewer& report = paint.report;
+  for (const PageMark& mark : report.marks) {
+    if (mark.line != line) continue;
+    const bool current = mark.offset == report.match;
+    paintGround(paint, line, mark.column, mark.column + mark.columns, current ? currentMarkGround : markGround);
+  }
   if (selectionIsEmpty(report.selection)) return;
   const SelectedColumns selected = selectedColumns(report.selection, report.lines, line);
   // Where the line's end is selected too, a little behind it shows that.
   const std::size_t behind = selected.behind + (selected.lineEnd ? 1 : 0);
-  if (behind == selected.first) return;
-  paintGround(paint, line, selected.first, behind, GetSysColor(COLOR_HIGHLIGHT));
-  paintCharacters(paint, line, selected.first, selected.behind, GetSysColor(COLOR_HIGHLIGHTTEXT));
+  if (behind > selected.first) paintGround(paint, line, selected.first, behind, GetSysColor(COLOR_HIGHLIGHT));
 }
 
-static void paintLine(const PagePaint& paint, std::size_t line) {
+// The ink of each column of a line.
+static std::vector<COLORREF> inksOf(const Viewer& report, std::size_t line) {
+  const std::size_t size = report.lines[line].size();
+  std::vector<COLORREF> inks(size, GetSysColor(COLOR_WINDOWTEXT));
+  const auto set = [&](std::size_t first, std::size_t behind, COLORREF ink) {
+    for (std::size_t column = first; column < std::min(behind, size); ++column) inks[column] = ink;
+  };
+  for (const PageMark& mark : report.marks) {
+    if (mark.line == line) set(mark.column, mark.column + mark.columns, markInk);
+  }
+  if (selectionIsEmpty(report.selection)) return inks;
+  const SelectedColumns selected = selectedColumns(report.selection, report.lines, line);
+  set(selected.first, selected.behind, GetSysColor(COLOR_HIGHLIGHTTEXT));
+  return inks;
+}
+
+static void paintLetters(const PagePaint& paint, std::size_t line) {
   std::size_t first = 0;
   std::size_t behind = 0;
   visibleColumns(paint, paint.report.lines[line].size(), first, behind);
-  if (first < behind) paintCharacters(paint, line, first, behind, GetSysColor(COLOR_WINDOWTEXT));
-  paintMarks(paint, line);
-  paintSelection(paint, line);
+  const std::vector<COLORREF> inks = inksOf(paint.report, line);
+  while (first < behind) {
+    std::size_t end = first + 1;
+    while (end < behind && inks[end] == inks[first]) ++end;
+    paintCharacters(paint, line, first, end, inks[first]);
+    first = end;
+  }
 }
 
 static void paintLines(const PagePaint& paint) {
@@ -123,11 +139,15 @@ static void paintLines(const PagePaint& paint) {
   SaveDC(paint.device);
   IntersectClipRect(paint.device, sheet.left, sheet.top, sheet.right, sheet.bottom);  // what does not fit is not printed either
   const int beyond = static_cast<int>(paint.geometry.fontSize) + 1;                   // letters reach over their line
-  for (std::size_t line = 0; line < paint.report.lines.size(); ++line) {
-    if (lineY(paint, line + 1) + beyond < paint.area.top) continue;
-    if (lineY(paint, line) - beyond > paint.area.bottom) break;
-    paintLine(paint, line);
-  }
+  const auto each = [&](auto paintOne) {
+    for (std::size_t line = 0; line < paint.report.lines.size(); ++line) {
+      const bool above = lineY(paint, line + 1) + beyond < paint.area.top;
+      const bool below = lineY(paint, line) - beyond > paint.area.bottom;
+      if (!above && !below) paintOne(paint, line);
+    }
+  };
+  each(paintGrounds);
+  each(paintLetters);
   RestoreDC(paint.device, -1);
   SetTextAlign(paint.device, TA_TOP | TA_LEFT);
   SelectObject(paint.device, fontBefore);

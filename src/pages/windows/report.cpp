@@ -26,9 +26,14 @@ ReportBytes::~ReportBytes() {
   if (mapped) UnmapViewOfFile(mapped);
 }
 
-static bool isOnThisMachine(HANDLE file) {
+// A mapped file that goes away ends in a fault: on another machine, or on a stick that is pulled out.
+static bool mayGoAway(HANDLE file, const std::wstring& path) {
   FILE_REMOTE_PROTOCOL_INFO info = {};
-  return GetFileInformationByHandleEx(file, FileRemoteProtocolInfo, &info, sizeof info) == 0;
+  if (GetFileInformationByHandleEx(file, FileRemoteProtocolInfo, &info, sizeof info)) return true;
+  std::wstring root(path.size() + MAX_PATH, L'\0');
+  if (!GetVolumePathNameW(pathOfAnyLength(path).c_str(), root.data(), static_cast<DWORD>(root.size()))) return false;
+  const UINT drive = GetDriveTypeW(root.c_str());
+  return drive == DRIVE_REMOVABLE || drive == DRIVE_CDROM || drive == DRIVE_REMOTE;
 }
 
 static bool map(HANDLE file, std::size_t size, ReportBytes& look) {
@@ -93,7 +98,7 @@ bool reportLook(const std::wstring& path, ReportBytes& look) {
   look.written = std::uint64_t{written.dwHighDateTime} << 32 | written.dwLowDateTime;
   if (size.QuadPart == 0) return true;
   const std::size_t bytes = static_cast<std::size_t>(size.QuadPart);
-  if (isOnThisMachine(file.handle) && map(file.handle, bytes, look)) return true;
+  if (!mayGoAway(file.handle, path) && map(file.handle, bytes, look)) return true;
   return read(file.handle, path, bytes, look);
 }
 

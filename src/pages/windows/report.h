@@ -3,8 +3,8 @@
 //
 // Windows lets nobody write a file anew while it is mapped: with a report on the screen, quillon.exe would be refused its own
 // output. So nothing is held between two looks. A step of the window opens the file, maps it, looks, and gives all back.
-// What lies on another machine is read into memory: a mapped network file that goes away ends in a fault in the middle of a
-// line. The bytes read last are kept until the file has changed, so that turning its pages does not read it again.
+// What lies on another machine, or on a stick, is read into memory: a mapped file that goes away ends in a fault in the middle of
+// a line. The bytes read last are kept until the file has changed, so that turning its pages does not read it again.
 #pragma once
 
 #include <cstdint>

@@ -169,7 +169,9 @@ std::string answer(const std::string& line) {
   const std::string rest = space == std::string::npos ? "" : line.substr(space + 1);
   if (verb == "wait") {
     const std::wstring title = widen(rest);
-    return waitFor([&] { return (dialog = dialogOf(title)) != nullptr; }) ? "ok" : "?no such dialog";
+    if (!waitFor([&] { return (dialog = dialogOf(title)) != nullptr; })) return "?no such dialog";
+    SetForegroundWindow(dialog);
+    return "ok";
   }
   if (!dialog) return "?no dialog";
   if (verb == "access") return onDialog(verb, nullptr, widen(rest));
