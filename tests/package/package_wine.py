@@ -180,10 +180,20 @@ class Installation:
     def expect_installed(self, version, extra):
         wanted = {name: (self.tree / name).read_bytes() for name in release.files_of(self.tree)}
         seen = {name: (self.programs / name).read_bytes() for name in release.files_of(self.programs)}
-        expect("the files that are installed", sorted(seen), sorted([*wanted, "uninstall.exe", "installed.txt", *extra]))
+        expect("files too many and too few", sorted({*wanted, "uninstall.exe", "installed.txt", *extra} ^ set(seen)), [])
         expect("files with other bytes", [name for name in wanted if seen[name] != wanted[name]], [])
         expect("version", self.desktop.value("DisplayVersion"), version)
         expect("start menu", sorted(os.listdir(self.menu)), ENTRIES)
+
+    def clean(self):
+        """Nothing of an earlier run, whatever became of it."""
+        users = self.desktop.disk / "users"
+        for folder in (self.programs.parent, self.settings, self.menu, users / "Elsewhere", users / "Work", users / "Closed"):
+            shutil.rmtree(folder, ignore_errors=True)
+        for path in self.desktop.home.iterdir():
+            if path.is_dir() and not path.name.startswith("."):
+                shutil.rmtree(path)
+        self.desktop.status(["reg", "delete", KEY, "/f"])
 
     def on_an_old_windows(self):
         self.desktop.take_for("win81")
@@ -284,6 +294,7 @@ class Installation:
             time.sleep(0.2)
 
     def live(self, pem):
+        self.clean()
         self.on_an_old_windows()
         self.where_nothing_can_be_written()
         before = self.desktop.files(), self.desktop.registry()
