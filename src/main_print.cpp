@@ -9,6 +9,11 @@
 #include <io.h>
 
 #include <filesystem>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
 #endif
 
 #include "unattended/print_all.h"
@@ -49,5 +54,18 @@ int wmain(int argc, wchar_t** argv) {
   return carryOut(arguments);
 }
 #else
-int main(int argc, char** argv) { return carryOut(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc)); }
+// A scheduler may start a program with its streams closed. The first file that is opened would then be standard error, and the
+// messages would go into the report.
+static void holdStandardStreams() {
+  int opened = 0;
+  while (opened >= 0 && opened <= 2) opened = open("/dev/null", O_RDWR);
+  if (opened > 2) (void)close(opened);
+}
+
+int main(int argc, char** argv) {
+  holdStandardStreams();
+  // Nobody may read what is told any more; the reports are made all the same.
+  (void)std::signal(SIGPIPE, SIG_IGN);
+  return carryOut(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+}
 #endif

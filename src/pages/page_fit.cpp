@@ -81,7 +81,7 @@ std::string pageFitText(const PageFit& fit) {
   std::string text = formatText<"%I64d column%s, %s, %.1f pt">(number(fit.columns), fit.columns == 1 ? "" : "s",
                                                                fit.landscape ? "landscape" : "portrait", fit.fontSize);
   if (fit.columnsFit < fit.columns) {
-    text += formatText<": %I64d columns fit">(number(fit.columnsFit));
+    text += formatText<": %I64d column%s">(number(fit.columnsFit), fit.columnsFit == 1 ? " fits" : "s fit");
     if (fit.linesFit < fit.lines) text += formatText<" and %I64d of %I64d lines">(number(fit.linesFit), number(fit.lines));
   } else if (fit.linesFit < fit.lines) {
     text += formatText<": %I64d of %I64d lines fit">(number(fit.linesFit), number(fit.lines));

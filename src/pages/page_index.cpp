@@ -30,8 +30,8 @@ static LineFound lineFind(std::string_view bytes, std::uint64_t offset) {
   const std::size_t size = plainSize(bytes.data() + offset, std::min(room, longestLine));
   std::uint64_t at = offset + size;
   if (at == bytes.size()) return {size, at, LineStop::none};
-  const std::size_t firstReturn = at;
-  while (at < bytes.size() && bytes[at] == '\r') ++at;
+  const std::uint64_t firstReturn = at;
+  while (at < bytes.size() && bytes[at] == '\r' && at - firstReturn < longestLine) ++at;
   if (at == bytes.size()) return {size, at, LineStop::none};  // an LF may be what comes next
   if (bytes[at] == '\n') return {size, at + 1, LineStop::line};
   if (bytes[at] == '\f') return {size, at + 1, LineStop::page};
@@ -87,13 +87,18 @@ static std::size_t openLines(const PageIndex& index) {
   return index.read.lastShown > before ? index.read.lastShown - before : 0;
 }
 
+// A page of a stretch that flows is full: it is as long as what shows on it so far. Where more shows behind it, takeLine makes
+// it longer.
+static void endFlowPage(PageIndex& index, const PageStart& next) {
+  index.read.longest = std::max(index.read.longest, std::min<std::size_t>(openLines(index), index.flowLines));
+  addPage(index, next);
+}
+
 // The current stretch proved to be longer than a page, or to be the whole report.
 static void letFlow(PageIndex& index) {
   PageReading& read = index.read;
   read.flows = true;
-  if (read.cuts.empty()) return;
-  read.longest = std::max(read.longest, index.flowLines);
-  for (const PageStart& cut : read.cuts) addPage(index, cut);
+  for (const PageStart& cut : read.cuts) endFlowPage(index, cut);
   read.cuts.clear();
 }
 
@@ -104,7 +109,7 @@ static void beginLine(PageIndex& index) {
   if (inStretch > 0 && inStretch % index.flowLines == 0) {
     const PageStart here{read.scanned, read.lines};
     if (read.flows) {
-      addPage(index, here);
+      endFlowPage(index, here);
     } else {
       read.cuts.push_back(here);
     }
@@ -133,6 +138,8 @@ static void takeLine(PageIndex& index, std::string_view bytes, const LineFound& 
     read.widest = std::max(read.widest, columnsOf(text.substr(0, shown)));
     ++read.lines;
     if (shown > 0) read.lastShown = read.lines;
+    const bool behindFullPage = read.flows && read.lines - read.stretchLine > index.flowLines;
+    if (shown > 0 && behindFullPage) read.longest = std::max(read.longest, index.flowLines);
   }
   read.scanned = found.next;
   read.midLine = found.stop == LineStop::cut;
@@ -220,6 +227,8 @@ bool pagePlaceOf(const PageIndex& index, std::string_view bytes, std::uint64_t o
                                        [](std::uint64_t wanted, const PageStart& page) { return wanted < page.offset; });
   if (behind == begin || offset >= index.read.scanned) return false;
   place.page = static_cast<std::size_t>(behind - begin) - 1;
+  // Behind the last page that shows there may be blank ones.
+  if (place.page + 1 < index.pages.size() && offset >= index.pages[place.page + 1].offset) return false;
   const std::vector<PageLine> lines = pageLines(index, bytes, place.page);
   if (lines.empty() || offset < lines.front().offset) return false;
   place.line = lines.size() - 1;

@@ -7,8 +7,8 @@
 // - A stretch of more than `longestPage` lines without a form feed, and a report that has no form feed at all, runs over pages
 //   of `flowLines` lines, as it would on fanfold paper.
 // What a line is:
-// - It ends with LF, CR LF, CRs before an LF however many (copying tools double them), or a CR alone. A form feed ends it as
-//   well; where no text stands before the form feed, there is no line.
+// - It ends with LF, CR LF, CRs before an LF (copying tools double them; up to `longestLine` of them), or a CR alone. A form
+//   feed ends it as well; where no text stands before the form feed, there is no line.
 // - A line of more than `longestLine` bytes goes on in the next line: no page is without bounds, whatever file is opened.
 // Bytes are Windows-1252. A tab goes to the next column that is a multiple of eight; other control characters show as blanks.
 #pragma once
@@ -77,7 +77,8 @@ std::uint64_t pageLinesInReport(const PageIndex& index);
 // The report has more than mostPages pages: what comes behind them is not shown. To be told to the user.
 bool pageIndexIsFull(const PageIndex& index);
 // The columns of the widest line, blanks at its end not counted, and the lines of the longest page up to its last line that
-// shows something; a page of text without form feeds has `flowLines` lines where others follow it. Both 0 where nothing shows.
+// shows something; a page of text without form feeds has `flowLines` lines where more that shows follows it. Both 0 where
+// nothing shows.
 std::size_t pageWidest(const PageIndex& index);
 std::size_t pageLongest(const PageIndex& index);
 
@@ -97,7 +98,8 @@ struct PagePlace {
   std::size_t line;    // within the page
   std::size_t column;  // as it shows, tabs counted
 };
-// Where a byte stands. A byte of a line's end belongs to that line. False when there is no page or no line there (yet).
+// Where a byte stands. A byte of a line's end belongs to that line. False when there is no page or no line there (yet), as among
+// the blank lines that make no page at the report's end.
 [[nodiscard]] bool pagePlaceOf(const PageIndex& index, std::string_view bytes, std::uint64_t offset, PagePlace& place);
 
 // A line as it shows: tabs as blanks, every other control character as one blank, blanks at its end as they are. A character a

@@ -16,14 +16,15 @@ std::string_view pagesHelp() {
          "quillon-pages REPORT /pdf FILE               keeps it as PDF\n"
          "quillon-pages /list-printers                 lists the printers\n"
          "\n"
-         "With /print and /pdf:\n"
+         "With /print and /pdf alone:\n"
          "  /pages 3 or 3-7 or 3-                      these pages only\n"
          "  /portrait, /landscape                      the sheet lies so (otherwise as fits better)\n"
          "  /font POINTS                               letters of this size (otherwise as large as fits)\n"
          "  /margin MILLIMETRES                        at all four edges (otherwise 10)\n"
          "  /paper A4, A3, Letter or Legal             the sheet (otherwise the printer's own; A4 for a PDF)\n"
+         "With /print alone: /copies N\n"
+         "With all but /raw:\n"
          "  /lines N                                   lines a page where a report has no form feeds (otherwise 66)\n"
-         "With /print: /copies N\n"
          "\n"
          "The status is 0 when all is done, 2 for a wrong call, 3 when the report cannot be read, 4 when it has no such\n"
          "page, 5 when the margins leave no room, 6 for an unknown printer, 7 when the printer failed, 8 when the PDF\n"
@@ -110,6 +111,22 @@ static PagesCommand wrongCall(std::string problem) {
 
 static bool isOption(const std::string& argument) { return argument.size() > 1 && (argument[0] == '/' || argument[0] == '-'); }
 
+// What would have no effect is refused: who hands pages 3 to 5 to a printer as they are would get all of them. The lines of a
+// page go with a window too.
+static const char* withoutEffect(const PagesCommand& command) {
+  const bool printed = command.action == PagesAction::print;
+  const FitWishes& wishes = command.wishes;
+  const bool part = command.firstPage != 0 || command.lastPage != mostPages;
+  const bool fitted = wishes.fontSize > 0 || wishes.orientation != Orientation::automatic;
+  const bool forPages = part || fitted || command.marginsGiven || command.sheetGiven;
+  if (forPages && !printed && command.action != PagesAction::pdf) {
+    return "/pages, /portrait, /landscape, /font, /margin and /paper go with /print and /pdf alone.";
+  }
+  if (command.copies > 1 && !printed) return "/copies goes with /print alone.";
+  if (command.flowLines != usualFlowLines && command.action == PagesAction::raw) return "/lines does not go with /raw.";
+  return nullptr;
+}
+
 PagesCommand pagesCommand(const std::vector<std::string>& arguments) {
   PagesCommand command;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
@@ -142,7 +159,8 @@ PagesCommand pagesCommand(const std::vector<std::string>& arguments) {
   const bool needsReport =
       command.action == PagesAction::print || command.action == PagesAction::pdf || command.action == PagesAction::raw;
   if (needsReport && command.report.empty()) return wrongCall("The report is missing.");
-  return command;
+  const char* const problem = withoutEffect(command);
+  return problem ? wrongCall(problem) : command;
 }
 
 }  // namespace quillon

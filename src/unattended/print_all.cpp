@@ -65,18 +65,27 @@ static constexpr FilesOfForm filesOfForms[] = {
 };
 // clang-format on
 
+// Where what follows a star does not fit, the star takes one character more: only the last one met is gone back to, so that no
+// mask takes long.
 static bool fits(std::string_view mask, std::string_view name) {
-  std::size_t at = 0;
-  for (; at < mask.size() && mask[at] != '*'; ++at) {
-    if (at == name.size() || (mask[at] != '?' && upperCase(mask[at]) != upperCase(name[at]))) return false;
+  std::size_t at = 0;  // in the mask
+  std::size_t behindStar = std::string_view::npos;
+  std::size_t starEnd = 0;  // in the name: what the star took ends here
+  for (std::size_t i = 0; i < name.size();) {
+    const char wanted = at < mask.size() ? mask[at] : '\0';
+    if (wanted == '*') {
+      behindStar = ++at;
+      starEnd = i;
+    } else if (at < mask.size() && (wanted == '?' || upperCase(wanted) == upperCase(name[i]))) {
+      ++at;
+      ++i;
+    } else {
+      if (behindStar == std::string_view::npos) return false;
+      at = behindStar;
+      i = ++starEnd;
+    }
   }
-  if (at == mask.size()) return at == name.size();
-  mask.remove_prefix(at + 1);
-  name.remove_prefix(at);
-  for (;; name.remove_prefix(1)) {
-    if (fits(mask, name)) return true;
-    if (name.empty()) return false;
-  }
+  return mask.find_first_not_of('*', at) == std::string_view::npos;
 }
 
 bool maskFits(std::string_view mask, std::string_view name) {
@@ -157,8 +166,10 @@ static FileRun startRun(const PrintCall& call, const std::string& name, const Fo
 }
 
 // Why a run failed, out of its messages, in one line: the last box that a user would have seen, the Reply line where there was
-// none, and the program's own words where the form had none at all.
-static std::string whyFailed(const std::vector<std::string>& messages) {
+// none, and the program's own words where the form had none at all. What a run told that was broken off is not the reason.
+static std::string whyFailed(int status, const std::vector<std::string>& messages) {
+  if (status != printFailed && status != printWrongCall) return "it came to no end of its own";
+  if (messages.empty()) return "its messages could not be kept";
   std::string box;
   std::string reply;
   std::string own;
@@ -166,7 +177,6 @@ static std::string whyFailed(const std::vector<std::string>& messages) {
     std::string& told = line.starts_with("quillon-print: ") ? own : line.starts_with("Reply: ") ? reply : box;
     if (!line.empty() && line[0] != ' ') told = line;
   }
-  if (messages.empty()) return "it came to no end of its own";
   if (upperCased(box).find("COMPLETE") != std::string::npos) return own;  // an error was told ahead of it
   return !box.empty() ? box : !reply.empty() ? reply : own;
 }
@@ -200,10 +210,13 @@ static FileOutcome endRun(const FileRun& run) {
     std::printf("%s: no form knows it\n", name.c_str());
     return FileOutcome::unknown;
   }
-  const int status = run.process == noProcess ? -1 : processWait(run.process);
+  const bool started = run.process != noProcess;
+  const int status = started ? processWait(run.process) : -1;
   const std::vector<std::string> messages = passMessages(run);
   const bool done = status == printDone;
-  const std::string told = done ? "complete: " + utf8FromEither(plainText(run.report)) : "FAILED: " + whyFailed(messages);
+  std::string told = "FAILED: it could not be started";
+  if (started) told = "FAILED: " + whyFailed(status, messages);
+  if (done) told = "complete: " + utf8FromEither(plainText(run.report));
   std::printf("%s: %s, %s\n", name.c_str(), run.form.c_str(), told.c_str());
   std::fflush(stdout);
   return done ? FileOutcome::complete : FileOutcome::failed;

@@ -78,6 +78,7 @@ static bool isMoment(const std::string& text) {
 
 // What brings a form to one of its labels: the radio button or check box of that name, otherwise an item of its list.
 static std::vector<std::string> optionsFor(const FormParts& parts, const std::string& label) {
+  if (label.empty()) return {};
   for (const char* word : {"--select", "--sort", "--check"}) {
     if (formSetting(parts, word, label)) return {word, label};
   }

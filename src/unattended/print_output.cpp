@@ -38,6 +38,8 @@ static std::string cannotWrite(const fs::path& path) { return "\"" + shown(path)
 
 // ---- The place --------------------------------------------------------------------------------------------------------
 
+static constexpr std::string_view standardOutput = "/dev/stdout";  // on Windows as well
+
 static bool isReadOnly(fs::file_status status) {
   const fs::perms writers = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   return (status.permissions() & writers) == fs::perms::none;
@@ -46,7 +48,8 @@ static bool isReadOnly(fs::file_status status) {
 std::string printOutputBegin(PrintOutput& output, const std::string& path) {
   std::error_code error;
   output.place = systemPath(path);
-  const fs::file_status status = fs::status(output.place, error);
+  output.isStdout = path == standardOutput;
+  const fs::file_status status = output.isStdout ? fs::file_status(fs::file_type::character) : fs::status(output.place, error);
   if (fs::is_directory(status)) return "\"" + shown(output.place) + "\" is a folder.";
   if (fs::exists(status) && isReadOnly(status)) return "\"" + shown(output.place) + "\" is read-only.";
   output.isDevice = fs::exists(status) && !fs::is_regular_file(status);
@@ -81,9 +84,9 @@ static bool copyInto(std::FILE* from, std::FILE* to) {
 static bool copyToDevice(const PrintOutput& output) {
   std::FILE* const from = systemFile(output.written, false);
   if (!from) return false;
-  std::FILE* const to = systemFile(output.place, true);
-  bool copied = to && copyInto(from, to);
-  if (to && std::fclose(to) != 0) copied = false;
+  std::FILE* const to = output.isStdout ? stdout : systemFile(output.place, true);
+  bool copied = to && copyInto(from, to) && std::fflush(to) == 0;
+  if (to && !output.isStdout && std::fclose(to) != 0) copied = false;
   (void)std::fclose(from);
   return copied;
 }

@@ -13,6 +13,7 @@ struct PrintOutput {
   std::filesystem::path place;    // the file that will hold the report
   std::filesystem::path written;  // where it is written until then
   bool isDevice = false;          // `place` is no file and cannot be replaced: the report is copied to it
+  bool isStdout = false;          // so is standard output, whatever it leads to: what a file holds ahead of it stays
 };
 
 // A path of the system, from UTF-8 where the system has that; on others the bytes as they are.

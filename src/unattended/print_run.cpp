@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "desktop/scripted/app.h"
@@ -21,6 +23,8 @@
 #include "unattended/print_output.h"
 
 namespace quillon {
+
+namespace fs = std::filesystem;
 
 static constexpr std::size_t longestInput = 299;        // what an open-file dialog gives
 static constexpr std::size_t longestText = 65536;       // of a control, read back
@@ -183,8 +187,11 @@ static std::string fileName(const std::string& path) {
   return separator == std::string::npos ? path : path.substr(separator + 1);
 }
 
+// A form goes over its file more than once: it can do nothing with a pipe, and comes to no end with a device.
 static std::string whyNoInput(const PrintCall& call) {
   if (!pathIsFile(call.input)) return "There is no file \"" + call.input + "\".";
+  std::error_code error;
+  if (!fs::is_regular_file(pathOnDisk(call.input), error)) return "\"" + call.input + "\" is a device or a pipe, not a file.";
   if (pathInFull(call.input).size() > longestInput) return "The path of \"" + call.input + "\" is too long.";
   if (fileIsSame(call.input, call.output)) return "The report cannot take the place of the file that is printed.";
   return {};
@@ -205,13 +212,29 @@ static std::string runForm(const PrintCall& call, const PrintOutput& output) {
   return call.pdf ? printOutputToPdf(output, fileName(call.input)) : std::string();
 }
 
-int printRun(const PrintCall& call) {
-  state.messages = stderr;
-  if (!call.messages.empty()) state.messages = systemFile(systemPath(call.messages), true);
-  if (!state.messages) {
-    std::fprintf(stderr, "quillon-print: \"%s\" cannot be written.\n", call.messages.c_str());
-    return printFailed;
+static bool isDevice(const std::string& path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(systemPath(path), error);
+  return fs::exists(status) && !fs::is_regular_file(status);
+}
+
+// Opens what takes the messages, unless that would cost a file of the call. Null where it cannot be had.
+static std::FILE* openMessages(const PrintCall& call) {
+  if (call.messages.empty()) return stderr;
+  for (const std::string& file : {call.input, call.output}) {
+    const bool same = call.messages == file || fileIsSame(call.messages, file);
+    if (!same || isDevice(file)) continue;
+    std::fprintf(stderr, "quillon-print: The messages cannot take the place of \"%s\".\n", file.c_str());
+    return nullptr;
   }
+  std::FILE* const messages = systemFile(systemPath(call.messages), true);
+  if (!messages) std::fprintf(stderr, "quillon-print: \"%s\" cannot be written.\n", call.messages.c_str());
+  return messages;
+}
+
+int printRun(const PrintCall& call) {
+  state.messages = openMessages(call);
+  if (!state.messages) return printFailed;
   PrintOutput output;
   std::string problem = whyNoInput(call);
   if (problem.empty()) problem = printOutputBegin(output, call.output);

@@ -26,6 +26,7 @@ from page_words import pages_of  # noqa: E402
 from printed_pages import printed_wrong  # noqa: E402
 
 IDS = {name: int(value) for name, value in re.findall(r"#define IDC_PRINT_(\w+) (\d+)", (ROOT / "resources/pages/print_ids.h").read_text())}
+COMMANDS = {name: int(value) for name, value in re.findall(r"#define ID_(\w+) (\d+)", (ROOT / "resources/pages/ids.h").read_text())}
 OK, CANCEL = 1, 2
 SECONDS = 60
 PAGE = "\r\n".join(f"{line:3} " + "123456789 " * 14 + "end" for line in range(1, 61)) + "\r\n\f"  # 147 columns
@@ -45,12 +46,12 @@ def expect(what, got, wanted):
 
 
 class Dialog:
-    """One opening of a dialog in a program of its own, and the driver that works it."""
+    """One opening of a dialog, in a program of its own where arguments are given, and the driver that works it."""
 
     def __init__(self, desktop, folder, *arguments, title="Print"):
-        program = [] if arguments[0] == "start" else [os.path.join(desktop.build, "quillon-pages-dialogs.exe")]
-        self.program = subprocess.Popen(["wine", *program, *arguments], cwd=folder, env=desktop.environment, stdin=subprocess.DEVNULL,
-                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        program = [] if arguments[:1] == ("start",) else [os.path.join(desktop.build, "quillon-pages-dialogs.exe")]
+        self.program = arguments and subprocess.Popen(["wine", *program, *arguments], cwd=folder, env=desktop.environment,
+                                                      stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.driver = subprocess.Popen(["wine", os.path.join(desktop.build, "quillon-dialog-driver.exe")], env=desktop.environment,
                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, encoding="utf-8")
         self.do(f"wait {title}")
@@ -70,11 +71,12 @@ class Dialog:
         return self.on("text", "STATUS")
 
     def end(self, wanted):
-        """The program's status once its last window is gone."""
+        """The program's status once its last window is gone; None where the program stays."""
         self.driver.stdin.close()
         self.driver.wait(SECONDS)
         self.driver.stdout.close()
-        expect("the status of the program", self.program.wait(SECONDS), wanted)
+        if wanted is not None:
+            expect("the status of the program", self.program.wait(SECONDS), wanted)
 
 
 def first_opening(desktop, folder, spooler):
@@ -167,6 +169,7 @@ def nothing_there(desktop, folder, spooler):
     dialog.end(1)
     spooler.run("cupsreject", "RAW")
     dialog = Dialog(desktop, folder, "print", "REPORT.TXT", "1")
+    dialog.on("pick", "PRINTER", "RAW")
     dialog.on("press", OK)
     dialog.do("wait Quillon Pages")
     if '"RAW" did not take the report' not in dialog.do("words"):
@@ -190,7 +193,7 @@ def cancelled(desktop, folder, spooler):
     dialog = Dialog(desktop, folder, "print", "LONG.TXT", "1")
     expect("the long report", dialog.status(), "147 columns, landscape, 8.9 pt; 3000 sheets")
     dialog.on("press", OK)
-    dialog.do("wait Quillon Pages")
+    dialog.do("wait Working")
     expect("what it says", dialog.do("text 340"), "Printing LONG.TXT")
     dialog.on("press", CANCEL)
     dialog.do("gone")
@@ -214,6 +217,43 @@ def save_as_pdf(desktop, folder):
     dialog.do("gone")
     dialog.end(1)
     expect("the report", (folder / "OTHER.TXT").read_bytes(), b"another report\r\n")
+
+
+def from_the_window(desktop, folder, spooler):
+    """The page in front of the user, from the window's own menu; afterwards the window takes input again."""
+    program = wine_desktop.windows_path(os.path.join(desktop.build, "quillon-pages.exe"))
+    window = subprocess.Popen(["wine", os.path.join(desktop.build, "quillon-window-driver.exe")], cwd=folder, env=desktop.environment,
+                              stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, encoding="utf-8")
+
+    def do(command):
+        window.stdin.write(command + "\n")
+        window.stdin.flush()
+        answer = window.stdout.readline().rstrip("\r\n")
+        if answer.startswith("?"):
+            fail(f"{command}: {answer}")
+        return answer
+
+    do(f'start "{program}" "REPORT.TXT"')
+    do(f"command {COMMANDS['PAGE_NEXT']}")
+    do(f"command {COMMANDS['FILE_PRINT']}")
+    dialog = Dialog(desktop, folder)
+    dialog.on("pick", "PRINTER", "PDF")
+    if dialog.on("checked", "AS_IT_IS") == "yes":
+        dialog.on("press", "AS_IT_IS")
+    dialog.on("press", "THIS_PAGE")
+    dialog.on("press", OK)
+    dialog.do("gone")
+    dialog.end(None)
+    ((title, job),) = spooler.jobs("PDF", 1)
+    wrong = printed_wrong("page 2 from the window", job, pages_of(REPORT)[1:2], folder, True, 8.7, 15 * 72 / 25.4)
+    if wrong:
+        fail(wrong)
+    do(f"command {COMMANDS['PAGE_NEXT']}")
+    expect("the page after printing", do("status 0").split(" of ")[0].split()[-1], "3")
+    expect("the status of the window", do("close"), "0")
+    window.stdin.close()
+    window.wait(SECONDS)
+    window.stdout.close()
 
 
 def without_console(desktop, folder):
@@ -274,6 +314,7 @@ def main():
         first_opening(desktop, folder, spooler)
         second_opening(desktop, folder, spooler)
         other_report(desktop, folder)
+        from_the_window(desktop, folder, spooler)
         save_as_pdf(desktop, folder)
         without_console(desktop, folder)
         nothing_there(desktop, folder, spooler)

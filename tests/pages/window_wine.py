@@ -282,6 +282,26 @@ def find_goes_on_from_the_page_in_front(desktop, folder):
         window.status(WORDS, "Match 1 of 9.")
 
 
+def text_view_selects_what_is_found_and_turns_pages(desktop, folder):
+    write(folder + "/A.TXT", b"first line\r\nsecond needle\r\nthird\r\n\f" + report(2))
+    with Window(desktop, folder, "A.TXT") as window:
+        window.show_text()
+        window.seek("needle")
+        window.do("key F3")
+        found = len("first line\r\nsecond ")
+        window.wait("selection", "%d %d" % (found, found + 6))
+        window.do("key ctrl+A", "key Esc")  # of the bar's edit, not of the page
+        window.wait("focus", str(IDS["TEXT_VIEW"]))
+        expect("selection", window.ask("selection"), "%d %d" % (found, found + 6))
+        window.do("key PageDown", "key PageDown")
+        window.page(2, 3)
+        window.wait("selection", "0 0")
+        window.do("key PageUp")
+        window.page(1, 3)
+        end = len("first line\r\nsecond needle\r\nthird")  # where one reads on upwards
+        window.wait("selection", "%d %d" % (end, end))
+
+
 def what_is_selected_is_copied(desktop, folder):
     write(folder + "/A.TXT", b"Caf\xe9 \x80 500410\r\nsecond\tline\r\n\fpage two\r\n\f")
     whole = "Caf\u00e9 \u20ac 500410\r\nsecond  line"
@@ -398,10 +418,13 @@ def dialogs_of_printing_are_reached(desktop, folder):
         window.page(1, 3)
         window.do("key ctrl+S")
         window.wait("dialog", "Save as PDF")
-        window.do("type 1152 " + wine_desktop.windows_path(folder + "/SAVED.pdf"), "press 1")
-        window.wait("dialog", "")
+        window.do("type 1148 " + wine_desktop.windows_path(folder + "/SAVED.pdf"), "press 1")
+        end = time.monotonic() + SECONDS
+        while not os.path.exists(folder + "/SAVED.pdf") and time.monotonic() < end:
+            time.sleep(0.02)  # it takes its name when it is complete
         with open(folder + "/SAVED.pdf", "rb") as file:
             pdf = file.read()
+        window.wait("dialog", "")
         expect("a PDF of three pages", (pdf[:5], b"/Count 3" in pdf), (b"%PDF-", True))
 
 
@@ -531,6 +554,7 @@ TESTS = [
     keys_and_wheel_go_through_a_page_and_on_to_the_next,
     find_goes_through_the_report_and_round,
     find_goes_on_from_the_page_in_front,
+    text_view_selects_what_is_found_and_turns_pages,
     what_is_selected_is_copied,
     folder_is_listed_newest_first_and_followed,
     empty_folder_shows_no_report,

@@ -7,6 +7,7 @@ Usage: print_test.py QUILLON_PRINT QUILLON_SCRIPT SOURCE_FOLDER
 import os
 import pathlib
 import re
+import resource
 import shutil
 import subprocess
 import sys
@@ -141,6 +142,27 @@ class Reports(Folder):
         self.assertEqual(lines[-2], "  Is it Correct? [yes]")
         self.assertEqual(lines[-1], "TRADES PRINTING: PRINTING COMPLETE")
 
+    def test_messages_take_the_place_of_no_file_of_the_call(self):
+        shutil.copy(EXPORT / "TR010109.B01", self.folder / "TR.B01")
+        (self.folder / "r.txt").write_bytes(b"older")
+        os.link(self.folder / "r.txt", self.folder / "other.txt")
+        for messages, place in (("TR.B01", "TR.B01"), ("./tr.b01", "TR.B01"), ("r.txt", "r.txt"), ("other.txt", "r.txt")):
+            run = self.call("trades", "TR.B01", "-o", "r.txt", "--messages", messages, status=1)
+            self.assertEqual(run.stderr.decode(), f'quillon-print: The messages cannot take the place of "{place}".\n')
+        run = self.call("trades", "TR.B01", "-o", "new.txt", "--messages", "new.txt", status=1)
+        self.assertFalse((self.folder / "new.txt").exists())
+        self.assertEqual((self.folder / "TR.B01").read_bytes(), (EXPORT / "TR010109.B01").read_bytes())
+        self.assertEqual((self.folder / "r.txt").read_bytes(), b"older")
+        self.call("trades", "TR.B01", "-o", "/dev/null", "--messages", "/dev/null", status=0)
+
+    def test_closed_streams_cost_the_report_nothing(self):
+        self.call("trades", EXPORT / "TR010109.B01", "-o", "expected.txt", status=0)
+        for closed in ("<&- >&- 2>&-", ">&- 2>&-", "2>&-", ">&-"):
+            run = subprocess.run(["sh", "-c", f'"$0" trades "$1" -o r.txt {closed}', PRINT, str(EXPORT / "TR010109.B01")], cwd=self.folder,
+                                 capture_output=True, timeout=120)
+            self.assertEqual(run.returncode, 0, closed)
+            self.assertEqual((self.folder / "r.txt").read_bytes(), (self.folder / "expected.txt").read_bytes(), closed)
+
     def test_messages_go_to_a_file_where_told(self):
         run = self.call("trades", EXPORT / "TR010109.B01", "-o", "r.txt", "--messages", "log.txt", status=0)
         self.assertEqual(run.stderr, b"")
@@ -235,6 +257,11 @@ class Refusals(Folder):
         told = self.refused("trades", EXPORT / "TR010109.B01", "--sort", "Time", "--sort", "Scrip ID")
         self.assertIn('The form does not take --sort "Time" for this file.', told)
 
+    def test_devices_and_pipes_are_no_files_to_print(self):
+        os.mkfifo(self.folder / "PIPE.B01")
+        for name in ("PIPE.B01", "/dev/zero", "/dev/null"):
+            self.assertIn(f'"{name}" is a device or a pipe, not a file.', self.refused("trades", name))
+
     def test_file_that_is_not_there(self):
         self.assertIn('There is no file "NONE.B01".', self.refused("trades", "NONE.B01"))
         self.assertIn("There is no file", self.refused("trades", "."))
@@ -290,6 +317,37 @@ class Outputs(Folder):
         self.assertIn(b'"/dev/full" cannot be written.', run.stderr)
         self.assertTrue(pathlib.Path("/dev/full").is_char_device())
 
+    def test_standard_output_keeps_what_a_file_holds_ahead_of_it(self):
+        with open(self.folder / "both.txt", "wb") as both:
+            both.write(b"ahead\n")
+            both.flush()
+            run = subprocess.run([PRINT, *map(str, self.report), "-o", "/dev/stdout"], stdout=both, stderr=subprocess.DEVNULL, timeout=120)
+        self.assertEqual(run.returncode, 0)
+        self.assertEqual((self.folder / "both.txt").read_bytes(), b"ahead\n" + self.expected)
+
+    def test_a_reader_that_went_away_is_told(self):
+        before = set(pathlib.Path(tempfile.gettempdir()).glob(".quillon-print-*"))
+        read, write = os.pipe()
+        os.close(read)
+        run = subprocess.run([PRINT, *map(str, self.report), "-o", "/dev/stdout"], stdout=write, stderr=subprocess.PIPE, timeout=120)
+        os.close(write)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn(b'"/dev/stdout" cannot be written.', run.stderr)
+        self.assertEqual(set(pathlib.Path(tempfile.gettempdir()).glob(".quillon-print-*")) - before, set())
+
+    def test_names_of_other_alphabets(self):
+        shutil.copy(EXPORT / "TR010109.B01", self.folder / "TR \u0434\u0435\u043d\u044c \u65e5.B01")
+        self.call("trades", "TR \u0434\u0435\u043d\u044c \u65e5.B01", "-o", "\u043e\u0442\u0447\u0451\u0442 \u20ac.txt", status=0)
+        self.assertEqual((self.folder / "\u043e\u0442\u0447\u0451\u0442 \u20ac.txt").read_bytes(), self.expected)
+
+    def test_a_disk_that_is_full_leaves_the_older_report(self):
+        (self.folder / "r.txt").write_bytes(b"older")
+        limit = len(self.expected) // 2
+        run = self.call(*self.report, "-o", "r.txt", status=1, preexec_fn=lambda: limit_files(limit), restore_signals=False)
+        self.assertEqual((self.folder / "r.txt").read_bytes(), b"older")
+        self.assertRegex(run.stderr.decode(), r"no report was made\. \(.+\)\n$")
+        self.nothing_left_behind()
+
     def test_the_file_itself_is_not_written_over(self):
         shutil.copy(EXPORT / "TR010109.B01", self.folder / "TR.B01")
         os.link(self.folder / "TR.B01", self.folder / "OTHER.TXT")
@@ -331,6 +389,11 @@ class WrongCalls(Folder):
                 (["--all", "x", "-o", "y", "--as", "KB*=nothing"], '"--as KB*=nothing" cannot be done.'),
                 (["--all", "x", "-o", "y", "--as", "KB*"], '"--as KB*" cannot be done.'),
                 (["--all", "x", "-o", "y", "--as", "KB*=delivery-slips:Kesto"], '"--as KB*=delivery-slips:Kesto" cannot be done.'),
+                (["--all", "x", "-o", "y", "--as", "CT*=kesto:"], '"--as CT*=kesto:" cannot be done.'),
+                (["--all", "x", "-o", "y", "--as", "=trades"], '"--as =trades" cannot be done.'),
+                (["--all", "x", "-o", "y", "--as", "CT*=none:Kesto"], '"--as CT*=none:Kesto" cannot be done.'),
+                (["--all", "x", "-o", "y", "--answer", "yes"], 'There is no option "--answer".'),
+                (["trades", file, "-o", ""], '"-o " cannot be done.'),
                 (["--all", str(EXPORT), "-o", str(EXPORT)], "The reports cannot go to the folder that is printed.")):
             with self.subTest(arguments=arguments):
                 run = self.call(*arguments, status=2)
@@ -360,6 +423,11 @@ class WrongCalls(Folder):
         self.assertIn(b"quillon-print FORM FILE", self.call("--help", status=0).stdout)
         self.assertIn(b"quillon-print FORM FILE", self.call("--all", "--help", status=0).stdout)
         self.assertRegex(self.call("--version", status=0).stdout, rb"^quillon-print \d+\.\d+\n$")
+
+
+def limit_files(size):
+    """No file may become longer: whoever tries is ended by a signal, or refused where that is passed over (as Python itself does)."""
+    resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
 
 
 class All(Folder):
@@ -427,6 +495,65 @@ class All(Folder):
         (self.folder / "empty").mkdir()
         run = self.call("--all", "empty", "-o", "out", status=1)
         self.assertEqual(run.stdout, b"0 complete, 0 failed\n")
+
+    def test_a_run_that_is_broken_off_stops_none_of_the_others(self):
+        self.call("--all", "day", "-o", "whole", status=0)
+        sizes = {p.name: p.stat().st_size for p in (self.folder / "whole").iterdir()}
+        largest = max(sizes, key=sizes.get)
+        limit = sizes[largest] - 1
+        self.assertLess(max(size for name, size in sizes.items() if name != largest), limit)
+        for jobs in ("1", "2"):
+            out = self.folder / f"out{jobs}"
+            run = self.call("--all", "day", "-o", out.name, "-j", jobs, status=1, preexec_fn=lambda: limit_files(limit))
+            lines = run.stdout.decode().splitlines()
+            self.assertEqual(lines[-1], "4 complete, 1 failed")
+            failed = [line for line in lines if "FAILED" in line]
+            self.assertEqual(len(failed), 1)
+            self.assertTrue(failed[0].startswith(largest.removesuffix(".txt") + ": "), failed)
+            self.assertTrue(failed[0].endswith(", FAILED: it came to no end of its own"), failed)
+            self.assertEqual({p.name for p in out.iterdir() if not p.name.startswith(".")}, set(sizes) - {largest})
+            for report in set(sizes) - {largest}:
+                self.assertEqual((out / report).read_bytes(), (self.folder / "whole" / report).read_bytes())
+
+    def test_names_of_every_kind(self):
+        for name in ("TR a b  c.B01", "TR\u0434\u0435\u043d\u044c.B01", "TR%s$(x)';&.B01"):
+            shutil.copy(EXPORT / "TR010109.B01", self.day / name)
+        shutil.copy(EXPORT / "TR250509.B01", self.day / "tr010109.b01")  # differs in case alone from another one
+        (self.day / "TRlink.B01").symlink_to("TR010109.B01")
+        (self.day / "TRnowhere.B01").symlink_to("nowhere")
+        os.mkfifo(self.day / "TRpipe.B01")
+        run = self.call("--all", "day", "-o", "a b/\u00e9", "--clock", CLOCK, "-j", "2", status=0)
+        self.assertIn("TR\u0434\u0435\u043d\u044c.B01: trades, complete: a b/\u00e9/TR\u0434\u0435\u043d\u044c.B01.txt\n", run.stdout.decode())
+        out = self.folder / "a b" / "\u00e9"
+        self.assertEqual({p.name.removesuffix(".txt") for p in out.iterdir()},
+                         {p.name for p in self.day.iterdir()} - {"TRnowhere.B01", "TRpipe.B01"})
+        report = (out / "TR010109.B01.txt").read_bytes()
+        for name in ("TR a b  c.B01", "TR%s$(x)';&.B01", "TRlink.B01"):
+            self.assertEqual((out / f"{name}.txt").read_bytes(), report)
+        self.call("trades", EXPORT / "TR250509.B01", "--clock", CLOCK, "-o", "other.txt", status=0)
+        self.assertEqual((out / "tr010109.b01.txt").read_bytes(), (self.folder / "other.txt").read_bytes())
+
+    def test_a_folder_that_takes_no_file(self):
+        run = self.call("--all", "day", "-o", "/proc", status=1)  # not even an administrator's
+        self.assertIn('TR010109.B01: trades, FAILED: quillon-print: "/proc/TR010109.B01.txt" cannot be written.\n', run.stdout.decode())
+        self.assertTrue(run.stdout.endswith(b"\n0 complete, 5 failed\n"), run.stdout)
+
+    def test_messages_that_cannot_be_kept(self):
+        run = self.call("--all", "day", "-o", "out", "--as", "*=trades", status=1, env={**os.environ, "TMPDIR": "/proc"})
+        self.assertIn(b"TR010109.B01: trades, FAILED: its messages could not be kept\n", run.stdout)
+
+    def test_nobody_hears_what_is_told(self):
+        for closed in (">&- 2>&-", "2>&-"):
+            run = subprocess.run(["sh", "-c", f'exec "$0" --all day -o "out{closed}" {closed}', PRINT], cwd=self.folder, stdout=subprocess.PIPE,
+                                 timeout=120)
+            self.assertEqual(run.returncode, 0, closed)
+            self.assertEqual(len(list((self.folder / f"out{closed}").iterdir())), 5)
+        read, write = os.pipe()
+        os.close(read)
+        run = subprocess.run([PRINT, "--all", "day", "-o", "out"], cwd=self.folder, stdout=write, stderr=write, timeout=120)
+        os.close(write)
+        self.assertEqual(run.returncode, 0)
+        self.assertEqual(len(list((self.folder / "out").iterdir())), 5)
 
     def test_reports_that_cannot_be_written_fail_alone(self):
         (self.folder / "out" / "TR010109.B01.txt").mkdir(parents=True)

@@ -45,8 +45,9 @@ static struct {
   int listWidth;  // at 96 dots an inch
   bool listShown;
   bool textShown;
-  bool splitting;       // the pointer moves the edge between list and page
-  bool printing;        // the report is somebody else's for now
+  bool splitting;  // the pointer moves the edge between list and page
+  bool printing;   // the report is somebody else's for now
+  ULONGLONG nextLook;
   std::uint64_t match;  // that was last scrolled to
   std::wstring title;
 } state;
@@ -185,9 +186,14 @@ void frameRefresh() {
   frameShow();
 }
 
+// A report that grows on a slow machine takes its time to be read: it is looked at less often, so that the window stays alive.
 static void look() {
+  const ULONGLONG begun = GetTickCount64();
   if (state.printing) return;
-  viewerStep(lookBudget);
+  if (begun >= state.nextLook) {
+    viewerStep(lookBudget);
+    state.nextLook = begun + 5 * (GetTickCount64() - begun);
+  }
   reportListRefresh(false);
   frameShow();
 }

@@ -11,6 +11,7 @@
 #include "pages/pages_command.h"
 #include "pages/windows/console.h"
 #include "pages/windows/pages_window.h"
+#include "pages/windows/paths.h"
 #include "pages/windows/pdf_save.h"
 #include "pages/windows/print_job.h"
 #include "pages/windows/printers.h"
@@ -126,14 +127,6 @@ static CallEnd sendReport(const PagesCommand& command) {
   return endOf(command, printRaw(wideFromUtf8(command.report), printer, {}));
 }
 
-static std::wstring fullPath(const std::wstring& path) {
-  if (path.empty()) return path;
-  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-  if (full.empty()) return path;
-  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-  return full;
-}
-
 static PagesStatus tellEnd(const CallEnd& end) {
   if (end.status != PagesStatus::done) (void)consoleTell(STD_ERROR_HANDLE, end.words + L"\n");
   return end.status;
@@ -166,7 +159,8 @@ int pagesRun(HINSTANCE instance, int show) {
   const std::vector<std::string> arguments = argumentsOfCall();
   const PagesCommand command = pagesCommand(arguments);
   if (command.action != PagesAction::show) return static_cast<int>(carryOut(command, isSilent(arguments)));
-  return pagesWindowRun(instance, show, fullPath(wideFromUtf8(command.report)), command.flowLines);
+  const std::wstring report = command.report.empty() ? std::wstring() : pathWhole(wideFromUtf8(command.report));
+  return pagesWindowRun(instance, show, report, command.flowLines);
 }
 
 }  // namespace quillon

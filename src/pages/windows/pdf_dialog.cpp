@@ -1,7 +1,7 @@
 // Save as PDF: the question for the file, and the window while it is written.
+#include "pages/windows/paths.h"
 #include "pages/windows/pdf_save.h"
 #include "pages/windows/print_dialog.h"
-#include "pages/windows/settings.h"
 #include "pages/windows/status_text.h"
 
 // After <windows.h>, which the headers above bring.
@@ -9,25 +9,22 @@
 #include <commdlg.h>
 // clang-format on
 
-#include <algorithm>
-
 namespace quillon {
 
 static constexpr wchar_t title[] = L"Quillon Pages";
 static constexpr std::size_t longestPath = 32767;
 
-// "TRADES.TXT" is proposed as "TRADES.pdf", in the report's folder.
+// For "TRADES.TXT" it is "TRADES.pdf", in the report's folder.
 static std::wstring proposed(const std::wstring& report) {
-  const std::size_t name = report.find_last_of(L"/\\") + 1;
-  const std::size_t dot = report.find_last_of(L'.');
-  return (dot != std::wstring::npos && dot > name ? report.substr(0, dot) : report) + L".pdf";
+  const std::wstring name = pathName(report);
+  const std::size_t dot = name.find_last_of(L'.');
+  return (dot == std::wstring::npos || dot == 0 ? name : name.substr(0, dot)) + L".pdf";
 }
 
 // Empty where the user gave up.
 static std::wstring askFile(HWND owner, const std::wstring& report) {
   std::wstring path = proposed(report);
-  const std::wstring folder = path.substr(0, path.find_last_of(L"/\\") + 1);
-  path.erase(0, folder.size());
+  const std::wstring folder = pathFolder(report);
   path.resize(longestPath + 1);
   OPENFILENAMEW ask = {};
   ask.lStructSize = sizeof ask;
@@ -42,18 +39,19 @@ static std::wstring askFile(HWND owner, const std::wstring& report) {
   return GetSaveFileNameW(&ask) ? std::wstring(path.c_str()) : std::wstring();
 }
 
-// A4, unless the user prints on another sheet with a name. All else is fitted.
+// As the pages show on the screen, but with the letters as large as fit: a size that was chosen once for a printer must not cut
+// a column off every PDF from then on.
 static FitWishes wishes() {
-  FitWishes made;
-  if (!sheetByName(utf8FromWide(settingsText(L"Sheet", L"A4")), made.sheet)) made.sheet = sheetA4;
-  return made;
+  FitWishes chosen = printWishes();
+  chosen.fontSize = 0;
+  return chosen;
 }
 
 bool saveAsPdf(HWND owner, Report& report, const std::wstring& file) {
   const std::wstring place = file.empty() ? askFile(owner, report.path) : file;
   if (place.empty()) return false;
   ProgressWindow progress;
-  progressOpen(progress, owner, (L"Saving " + place.substr(place.find_last_of(L"/\\") + 1)).c_str());
+  progressOpen(progress, owner, (L"Saving " + pathName(place)).c_str());
   bool read = false;
   {
     const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_WAIT));

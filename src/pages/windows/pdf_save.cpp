@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pages/pdf_file.h"
+#include "pages/windows/paths.h"
 
 namespace quillon {
 
@@ -23,8 +24,8 @@ struct PdfOutput {
 // ---- The file ---------------------------------------------------------------------------------------------------------
 
 static bool fileId(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& info) {
-  const HANDLE file = CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE file = CreateFileW(pathOfAnyLength(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                  nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return false;
   const bool known = GetFileInformationByHandle(file, &info) != 0;
   CloseHandle(file);
@@ -39,18 +40,10 @@ static bool isSameFile(const std::wstring& one, const std::wstring& other) {
          first.nFileIndexHigh == second.nFileIndexHigh && first.nFileIndexLow == second.nFileIndexLow;
 }
 
-static std::wstring fullPath(const std::wstring& path) {
-  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-  if (full.empty()) return path;
-  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-  return full;
-}
-
 static bool open(PdfOutput& output, const std::wstring& place) {
-  const std::wstring folder = place.substr(0, place.find_last_of(L"/\\") + 1);
-  const std::wstring start = folder + L"quillon-pages-" + std::to_wstring(GetCurrentProcessId()) + L"-";
+  const std::wstring start = L"quillon-pages-" + std::to_wstring(GetCurrentProcessId()) + L"-";
   for (int i = 0; i < mostNames; ++i) {
-    output.path = start + std::to_wstring(i) + L".tmp";
+    output.path = pathOfAnyLength(pathIn(pathFolder(place), start + std::to_wstring(i) + L".tmp"));
     output.handle = CreateFileW(output.path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (output.handle != INVALID_HANDLE_VALUE) return true;
     if (GetLastError() != ERROR_FILE_EXISTS) return false;
@@ -85,7 +78,7 @@ static bool write(void* to, std::string_view bytes) {
 static bool close(PdfOutput& output, bool complete, const std::wstring& place) {
   complete = complete && flush(output);
   CloseHandle(output.handle);
-  complete = complete && MoveFileExW(output.path.c_str(), place.c_str(), MOVEFILE_REPLACE_EXISTING);
+  complete = complete && MoveFileExW(output.path.c_str(), pathOfAnyLength(place).c_str(), MOVEFILE_REPLACE_EXISTING);
   if (!complete) DeleteFileW(output.path.c_str());
   return complete;
 }
@@ -109,13 +102,12 @@ PagesStatus pdfSave(const Report& report, const PdfOrder& order, const Progress&
   if (pageIndexIsFull(report.index) && order.last + 1 >= count) return PagesStatus::failed;  // it would not be all of it
   PageFit fit;
   if (!pageFit(pageWidest(report.index), pageLongest(report.index), order.wishes, fit)) return PagesStatus::noRoom;
-  const std::wstring place = fullPath(order.file);
+  const std::wstring place = pathWhole(order.file);
   if (isSameFile(place, report.path)) return PagesStatus::fileFailed;
   PdfOutput output;
   if (!open(output, place)) return PagesStatus::fileFailed;
   Report own = report;  // a window may go on with its own while messages are handled
-  const std::wstring name = report.path.substr(report.path.find_last_of(L"/\\") + 1);
-  PdfFile pdf = pdfBegin({write, &output}, fit, utf8FromWide(name), order.first);
+  PdfFile pdf = pdfBegin({write, &output}, fit, utf8FromWide(pathName(report.path)), order.first);
   PagesStatus status = addPages(pdf, own, order.first, std::min(order.last, count - 1), progress);
   if (!close(output, status == PagesStatus::done, place) && status == PagesStatus::done) status = PagesStatus::fileFailed;
   return status;

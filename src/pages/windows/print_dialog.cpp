@@ -5,6 +5,7 @@
 
 #include "pages/print_ids.h"
 #include "pages/print_plan.h"
+#include "pages/windows/paths.h"
 #include "pages/windows/print_job.h"
 #include "pages/windows/printers.h"
 #include "pages/windows/progress.h"
@@ -301,7 +302,7 @@ bool printDialog(HWND owner, Report& report, std::size_t page) {
   const HINSTANCE instance = GetModuleHandleW(nullptr);
   if (DialogBoxParamW(instance, MAKEINTRESOURCEW(IDD_PRINT), owner, procedure, 0) != IDOK) return false;
   ProgressWindow progress;
-  progressOpen(progress, owner, (L"Printing " + printTitle(report.path)).c_str());
+  progressOpen(progress, owner, (L"Printing " + pathName(report.path)).c_str());
   const PagesStatus status = runJob(report, progressOf(progress));
   progressClose(progress);
   // Where it failed for no reason with a name, the user gave it up: by Cancel, or where Windows asked for a file.

@@ -1,5 +1,7 @@
 #include "pages/windows/print_job.h"
 
+#include "pages/windows/paths.h"
+
 // After <windows.h>, which print_job.h brings.
 // clang-format off
 #include <winspool.h>
@@ -30,8 +32,6 @@ struct PrintCanvas {
 };
 
 }  // namespace
-
-std::wstring printTitle(const std::wstring& path) { return path.substr(path.find_last_of(L"/\\") + 1); }
 
 // ---- The canvas -------------------------------------------------------------------------------------------------------
 
@@ -166,7 +166,7 @@ static PagesStatus printAllPages(const PrintCanvas& canvas, Report& report, cons
 }
 
 static PagesStatus runJob(const PrintCanvas& canvas, Report& report, const PrintOrder& order, std::size_t rounds) {
-  const std::wstring title = printTitle(report.path);
+  const std::wstring title = pathName(report.path);
   DOCINFOW document = {};
   document.cbSize = sizeof document;
   document.lpszDocName = title.c_str();
@@ -236,7 +236,7 @@ static PagesStatus sendBytes(HANDLE printer, const std::wstring& path, const Pro
 }
 
 static PagesStatus runRawJob(HANDLE printer, const std::wstring& path, const Progress& progress) {
-  std::wstring title = printTitle(path);
+  std::wstring title = pathName(path);
   wchar_t kind[] = L"RAW";
   DOC_INFO_1W document = {title.data(), nullptr, kind};
   if (!StartDocPrinterW(printer, 1, reinterpret_cast<BYTE*>(&document))) return PagesStatus::printerFailed;

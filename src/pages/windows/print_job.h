@@ -20,6 +20,8 @@ struct PrintOrder {
   std::size_t copies;
 };
 
+// In the printer's queue a job bears the name of the report's file.
+//
 // `report` has been read to its end. Between two pages nothing of it is held, so that others can write it: one that was begun
 // anew meanwhile ends the job with noReport. A job that `progress` gave up ends with `failed`, and so does one of a report with
 // more pages than are known.
@@ -27,8 +29,5 @@ PagesStatus printPages(const Report& report, const PrintOrder& order, const Prog
 
 // The bytes of a file, unchanged, as a job of the kind RAW.
 PagesStatus printRaw(const std::wstring& path, const std::wstring& printer, const Progress& progress);
-
-// The name under which a report stands in the printer's queue: the file's, without its folder.
-std::wstring printTitle(const std::wstring& path);
 
 }  // namespace quillon

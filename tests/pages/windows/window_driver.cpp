@@ -3,6 +3,7 @@
 //     start PROGRAM [ARGUMENT]   starts it and waits for its window
 //     title, status PART         what the title and a part of the status bar say
 //     text                       of the text view
+//     selection                  of the text view: its first character and the one behind it
 //     list                       the list's rows, each name;size, separated by |
 //     selected                   the row that is selected, -1 where none is
 //     visible ID, focus          whether a part shows; the id of what has the focus
@@ -409,6 +410,10 @@ std::string seen(const std::string& verb, int id) {
   if (verb == "title") return escaped(textOf(program.window));
   if (verb == "status") return statusPart(id);
   if (verb == "text") return escaped(textOf(part(ID_TEXT_VIEW)));
+  if (verb == "selection") {
+    const LRESULT places = SendMessageW(part(ID_TEXT_VIEW), EM_GETSEL, 0, 0);
+    return std::to_string(LOWORD(places)) + " " + std::to_string(HIWORD(places));
+  }
   if (verb == "list") return rows();
   if (verb == "selected")
     return std::to_string(SendMessageW(part(ID_REPORT_LIST), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));

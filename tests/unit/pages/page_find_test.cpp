@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <vector>
+
+#include "text/encoding.h"
 
 namespace quillon {
 namespace {
@@ -46,6 +49,34 @@ TEST(PageFind, lettersWithMarksAreFoundInEitherCase) {
   EXPECT_EQ(next("\x9F", "\xC3\xBF"), 0u);
 }
 
+TEST(PageFind, everyLetterIsFoundInEitherCaseAndNothingElseIs) {
+  // The capitals of Windows-1252 and their small letters, as their names say.
+  std::string capitals;
+  std::string small;
+  for (int c = 'A'; c <= 'Z'; ++c) capitals += static_cast<char>(c), small += static_cast<char>(c - 'A' + 'a');
+  for (int c = 0xC0; c <= 0xDE; ++c) {
+    if (c != 0xD7) capitals += static_cast<char>(c), small += static_cast<char>(c + 0x20);
+  }
+  capitals += "\x8A\x8C\x8E\x9F";
+  small += "\x9A\x9C\x9E\xFF";
+  for (int a = 1; a < 256; ++a) {
+    const std::string one(1, static_cast<char>(a));
+    const PageFinder finder = pageFinder(utf8FromBytes(one), false);
+    const PageFinder exact = pageFinder(utf8FromBytes(one), true);
+    for (int b = 1; b < 256; ++b) {
+      const std::string other(1, static_cast<char>(b));
+      const std::size_t capital = capitals.find(one);
+      const std::size_t letter = small.find(one);
+      const bool alike = a == b || (capital != std::string::npos && small.substr(capital, 1) == other) ||
+                         (letter != std::string::npos && capitals.substr(letter, 1) == other);
+      ASSERT_EQ(pageFindNext(finder, other, 0, 1) == 0, alike) << a << ' ' << b;
+      ASSERT_EQ(pageFindNext(exact, other, 0, 1) == 0, a == b) << a << ' ' << b;
+    }
+  }
+}
+
+TEST(PageFind, bytesThatAreNoUtf8AreTakenAsTheyAre) { EXPECT_EQ(next("caf\xE9", "\xE9"), 3u); }
+
 TEST(PageFind, whatNoReportCanHoldIsNotFound) {
   EXPECT_EQ(next("a?b",
                  "a\xE2\x98\x83"
@@ -69,6 +100,25 @@ TEST(PageFind, nothingIsReadBehindTheBytes) {
   EXPECT_EQ(next("", "a"), notFound);
   EXPECT_EQ(next("xxab", "abc"), notFound);
   EXPECT_EQ(previous("xxab", "abc", 4), notFound);
+}
+
+TEST(PageFind, piecesTogetherFindWhatOneSearchFinds) {
+  const std::string text = "abababa aba";
+  const PageFinder finder = pageFinder("aba", false);
+  for (std::size_t piece = 1; piece <= text.size(); ++piece) {
+    std::vector<std::uint64_t> ahead;
+    std::vector<std::uint64_t> back;
+    for (std::uint64_t from = 0; from < text.size(); from += piece) {
+      std::uint64_t at = from;
+      while ((at = pageFindNext(finder, text, at, from + piece)) != notFound) ahead.push_back(at++);
+      std::uint64_t behind = from + piece;
+      const std::size_t begin = back.size();
+      while ((behind = pageFindPrevious(finder, text, from, behind)) != notFound)
+        back.insert(back.begin() + static_cast<std::ptrdiff_t>(begin), behind);
+    }
+    EXPECT_EQ(ahead, (std::vector<std::uint64_t>{0, 2, 4, 8})) << piece;
+    EXPECT_EQ(back, ahead) << piece;
+  }
 }
 
 TEST(PageFind, agreesWithAPlainSearch) {

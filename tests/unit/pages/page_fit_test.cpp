@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace quillon {
 namespace {
 
@@ -70,6 +72,59 @@ TEST(PageFit, aFontThatTheUserChoseTellsWhatDoesNotFit) {
   EXPECT_EQ(told(147, 40, wishes), "147 columns, portrait, 12.0 pt: 74 columns fit");
   EXPECT_EQ(told(147, 70, wishes), "147 columns, portrait, 12.0 pt: 74 columns fit and 65 of 70 lines");
   EXPECT_EQ(told(70, 70, wishes), "70 columns, portrait, 12.0 pt: 65 of 70 lines fit");
+}
+
+TEST(PageFit, oneOfSeveralColumns) {
+  FitWishes wishes;
+  wishes.sheet = {100, 100};
+  wishes.margins = {20, 20, 20, 20};
+  wishes.fontSize = 60;
+  EXPECT_EQ(told(3, 1, wishes), "3 columns, portrait, 60.0 pt: 1 column fits");
+  wishes.fontSize = 50;
+  EXPECT_EQ(told(3, 1, wishes), "3 columns, portrait, 50.0 pt: 2 columns fit");
+}
+
+TEST(PageFit, whatIsNoSizeCountsAsNone) {
+  FitWishes wishes;
+  wishes.fontSize = -3;
+  EXPECT_EQ(told(66, 60, wishes), "66 columns, portrait, 12.0 pt");
+  wishes.fontSize = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_EQ(told(66, 60, wishes), "66 columns, portrait, 12.0 pt");
+  wishes.fontSize = 0.3;
+  EXPECT_EQ(told(66, 60, wishes), "66 columns, portrait, 1.0 pt");
+  PageFit fit;
+  wishes.fontSize = std::numeric_limits<double>::infinity();
+  EXPECT_FALSE(pageFit(66, 60, wishes, fit));
+  wishes.fontSize = 0;
+  wishes.margins.left = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_FALSE(pageFit(66, 60, wishes, fit));
+}
+
+TEST(PageFit, theLargestReportThatThereIs) {
+  const PageFit fit = fitted(4096, 200);  // lines of tabs
+  EXPECT_EQ(fit.fontSize, 1);
+  EXPECT_TRUE(fit.landscape);
+  EXPECT_EQ(pageFitText(fit), "4096 columns, landscape, 1.0 pt: 1308 columns fit");  // 785.2 / 0.6
+}
+
+TEST(PageFit, theWholeSheetWithoutMargins) {
+  FitWishes wishes;
+  wishes.margins = {0, 0, 0, 0};
+  EXPECT_EQ(told(132, 66, wishes), "132 columns, landscape, 9.0 pt");  // 595.28 / 66 = 9.02
+  EXPECT_EQ(fitted(132, 66, wishes).left, 0);
+}
+
+TEST(PageFit, marginsAreThoseOfTheSheetAsItLies) {
+  FitWishes wishes;
+  wishes.margins = {72, 36, 18, 9};
+  wishes.orientation = Orientation::landscape;
+  const PageFit fit = fitted(190, 20, wishes);
+  EXPECT_EQ(fit.left, 72);
+  EXPECT_EQ(fit.top, 36);
+  EXPECT_DOUBLE_EQ(fit.width, 841.89);
+  EXPECT_DOUBLE_EQ(fit.height, 595.28);
+  EXPECT_DOUBLE_EQ(fit.fontSize, 6.5);                     // (841.89 - 90) / 114 = 6.59
+  EXPECT_DOUBLE_EQ(fitted(20, 60, wishes).fontSize, 9.1);  // (595.28 - 45) / 60 = 9.17
 }
 
 TEST(PageFit, aSmallFontThatTheUserChoseTurnsTheSheetOnlyWhereItMust) {

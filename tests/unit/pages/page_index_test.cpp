@@ -107,6 +107,37 @@ TEST(PageIndex, blankPagesAtTheEndOfAFlowAreLeftOut) {
   EXPECT_EQ(pageCount(read(numbered(1, 10) + std::string(300, '\n') + "end\n")), 5u);
 }
 
+TEST(PageIndex, blankPagesBehindAFlowAreNoLength) {
+  EXPECT_EQ(pageLongest(read(numbered(1, 10) + std::string(300, '\n'))), 10u);
+  EXPECT_EQ(pageLongest(read(numbered(1, 10) + std::string(300, '\n') + "end\n")), 66u);
+  EXPECT_EQ(pageLongest(read(numbered(1, 10) + std::string(80, '\n'))), 10u);  // shorter than longestPage
+  EXPECT_EQ(pageLongest(read(numbered(1, 10) + std::string(300, '\n') + "\fb\nc\n")), 10u);
+  EXPECT_EQ(pageLongest(read(numbered(1, 66) + std::string(300, '\n'))), 66u);
+  EXPECT_EQ(pageLongest(read(std::string(280, '\n') + "end\n")), 66u);
+  EXPECT_EQ(pageLongest(read(std::string(66, '\n') + "end\n")), 66u);
+  EXPECT_EQ(pageLongest(read(std::string(65, '\n') + "end\n")), 66u);
+  EXPECT_EQ(pageLongest(read(std::string(64, '\n') + "end\n")), 65u);
+}
+
+TEST(PageIndex, aFlowBeginsAnewBehindAFormFeed) {
+  const std::string text = numbered(1, 250) + "\f" + numbered(1, 67) + "\f" + numbered(1, 201);
+  const Pages pages = pagesOf(text);
+  ASSERT_EQ(pages.size(), 9u);  // 66 + 66 + 66 + 52, 67, 66 + 66 + 66 + 3
+  EXPECT_EQ(pages[3].size(), 52u);
+  EXPECT_EQ(pages[4].size(), 67u);
+  EXPECT_EQ(pages[5].front(), "line 1");
+  EXPECT_EQ(pages[8].size(), 3u);
+  EXPECT_EQ(pageLongest(read(text)), 67u);
+}
+
+TEST(PageIndex, formFeedsAloneAreEmptyPages) {
+  EXPECT_EQ(pagesOf("\f\f\f"), (Pages{{}, {}, {}}));
+  EXPECT_EQ(pagesOf("\fa"), (Pages{{}, {"a"}}));
+  EXPECT_EQ(pagesOf("\f\r\n\f"), (Pages{{}, {""}}));
+  EXPECT_EQ(pageWidest(read("\f\f\f")), 0u);
+  EXPECT_EQ(pageLongest(read("\f\f\f")), 0u);
+}
+
 // ---- What a line is ---------------------------------------------------------------------------------------------------
 
 TEST(PageIndex, lineEndsOfEveryKind) {
@@ -127,6 +158,27 @@ TEST(PageIndex, aLineOfMoreThan512BytesGoesOnInTheNext) {
   EXPECT_EQ(pagesOf(longText + "\fb"), (Pages{{longText}, {"b"}}));
   EXPECT_EQ(pagesOf(longText), (Pages{{longText}}));
   EXPECT_EQ(pageWidest(read(longText + "y")), 512u);
+}
+
+TEST(PageIndex, returnsWithoutEndAreEmptyLinesOfBoundedSize) {
+  const std::string returns(512, '\r');
+  EXPECT_EQ(pagesOf("a" + returns + "\nb"), (Pages{{"a", "b"}}));
+  EXPECT_EQ(pagesOf("a" + returns + "\r\nb"), (Pages{{"a", "", "b"}}));
+  EXPECT_EQ(pagesOf("a" + returns + "\fb"), (Pages{{"a"}, {"b"}}));
+  EXPECT_EQ(pagesOf("a" + returns + "\r\fb"), (Pages{{"a"}, {"b"}}));
+  const std::string many(1000000, '\r');  // a page of such a file is looked at without going over all of it
+  const std::string text = many + "x";
+  const PageIndex index = read(text);
+  EXPECT_EQ(pageCount(index), 30u);  // 1955 lines
+  EXPECT_EQ(pageLines(index, text, 1).front().offset, 66u * 512);
+}
+
+TEST(PageIndex, zerosAreBlanksWithinALine) {
+  const std::string text("a\0b\r\n\0\0\n\0\f\0c", 12);
+  EXPECT_EQ(pagesOf(text),
+            (Pages{{std::string("a\0b", 3), std::string(2, '\0'), std::string(1, '\0')}, {std::string("\0c", 2)}}));
+  EXPECT_EQ(pageWidest(read(text)), 3u);
+  EXPECT_EQ(pageLongest(read(text)), 1u);
 }
 
 TEST(PageIndex, binaryBytesHaveBoundedPages) {
@@ -211,6 +263,34 @@ TEST(PageIndex, aByteOfAnEmptyPageHasNoPlace) {
   EXPECT_FALSE(pagePlaceOf(read(""), "", 0, place));
 }
 
+TEST(PageIndex, aByteOfTheBlankLinesAtTheEndHasNoPlace) {
+  PagePlace place;
+  const std::string flow = "a\n" + std::string(300, '\n');
+  const PageIndex index = read(flow);
+  ASSERT_TRUE(pagePlaceOf(index, flow, 66, place));  // the last line of the first page
+  EXPECT_EQ(place.page, 0u);
+  EXPECT_EQ(place.line, 65u);
+  EXPECT_FALSE(pagePlaceOf(index, flow, 67, place));
+  EXPECT_FALSE(pagePlaceOf(index, flow, 300, place));
+  EXPECT_FALSE(pagePlaceOf(read("a\n\f \n"), "a\n\f \n", 3, place));
+  EXPECT_TRUE(pagePlaceOf(read("a\n\f \n"), "a\n\f \n", 2, place));  // the form feed belongs to the line before it
+}
+
+TEST(PageIndex, aByteOfALineThatGoesOnIsInItsOwnPart) {
+  const std::string text = std::string(1030, 'x') + "\r\ny";
+  const PageIndex index = read(text);
+  PagePlace place;
+  const std::pair<std::uint64_t, std::size_t> lines[] = {{511, 0}, {512, 1}, {1023, 1}, {1024, 2}, {1031, 2}, {1032, 3}};
+  for (const auto& [offset, line] : lines) {
+    ASSERT_TRUE(pagePlaceOf(index, text, offset, place)) << offset;
+    EXPECT_EQ(place.line, line) << offset;
+  }
+  ASSERT_TRUE(pagePlaceOf(index, text, 513, place));
+  EXPECT_EQ(place.column, 1u);
+  ASSERT_TRUE(pagePlaceOf(index, text, 1031, place));  // the line feed stands behind the six that are left
+  EXPECT_EQ(place.column, 6u);
+}
+
 TEST(PageIndex, thereIsNoLineOnAPageThatIsNot) { EXPECT_TRUE(pageLines(read("a"), "a", 1).empty()); }
 
 // ---- Piece by piece ---------------------------------------------------------------------------------------------------
@@ -239,6 +319,45 @@ TEST(PageIndex, aReportThatGrowsGivesWhatItGivesAtOnce) {
     ASSERT_EQ(pageLongest(index), pageLongest(atOnce)) << size;
     ASSERT_EQ(pageLinesInReport(index), pageLinesInReport(atOnce)) << size;
   }
+}
+
+// What a user sees while the pieces come: pages that are whole stay as they are.
+TEST(PageIndex, piecesMayEndAnywhere) {
+  const std::string text =
+      "a\r\nb\r\r\n\f" + std::string(512, 'w') + "\r\n" + std::string(513, 'v') + "\n\f\f\rc\n" + numbered(1, 201) + "\fend";
+  const Pages whole = pagesOf(text);
+  for (std::size_t budget = 1; budget < 40; ++budget) {
+    PageIndex index = pageIndexStart();
+    std::uint64_t scanned = 0;
+    while (!pageIndexStep(index, text, budget)) {
+      ASSERT_GE(index.read.scanned, scanned + budget);
+      ASSERT_LE(index.read.scanned, scanned + budget + 514);  // to the end of a line
+      scanned = index.read.scanned;
+    }
+    ASSERT_EQ(pagesOf(index, text), whole) << budget;
+  }
+}
+
+TEST(PageIndex, aStepOfNothingReadsNothing) {
+  PageIndex index = pageIndexStart();
+  EXPECT_FALSE(pageIndexStep(index, "a\n", 0));
+  EXPECT_EQ(pageCount(index), 0u);
+  EXPECT_TRUE(pageIndexStep(index, "a\n", 2));
+  EXPECT_TRUE(pageIndexStep(index, "a\n", 0));
+  EXPECT_EQ(pageCount(index), 1u);
+  PageIndex empty = pageIndexStart();
+  EXPECT_TRUE(pageIndexStep(empty, "", 0));
+}
+
+TEST(PageIndex, theOpenPageIsSeenAsItIsRead) {
+  const std::string text = numbered(1, 20) + "\f" + numbered(1, 300);
+  PageIndex index = pageIndexStart();
+  EXPECT_FALSE(pageIndexStep(index, text, 16));
+  EXPECT_EQ(pageCount(index), 1u);
+  EXPECT_EQ(pageLongest(index), 2u);
+  EXPECT_EQ(pageLines(index, text, 0).size(), 2u);
+  EXPECT_EQ(pageLinesInReport(index), 2u);
+  EXPECT_EQ(pageFirstLine(index, 1), 2u);
 }
 
 TEST(PageIndex, aFirstFormFeedPutsTheFirstPageTogetherAgain) {
@@ -271,6 +390,14 @@ TEST(PageIndex, morePagesThanItHoldsAreTold) {
   EXPECT_TRUE(pageIndexIsFull(index));
   EXPECT_EQ(pageCount(index), mostPages);
   EXPECT_FALSE(pageIndexIsFull(read("\f\f")));
+  PagePlace place;
+  EXPECT_TRUE(pageLines(index, text, mostPages - 1).empty());
+  EXPECT_FALSE(pagePlaceOf(index, text, mostPages + 5, place));
+  const std::string lines = std::string(mostPages - 1, '\f') + numbered(1, 205);  // full at the third page of a flow
+  const PageIndex flow = read(lines);
+  EXPECT_TRUE(pageIndexIsFull(flow));
+  EXPECT_EQ(pageCount(flow), mostPages);
+  EXPECT_FALSE(pageIndexIsFull(read(std::string(mostPages - 1, '\f') + numbered(1, 200))));
 }
 
 // ---- A second reading -------------------------------------------------------------------------------------------------

@@ -104,6 +104,49 @@ TEST(PagesCommand, wrongCallsAreTold) {
   EXPECT_EQ(problem({"a", "/portrait", "/landscape"}), "\"/landscape\" does not go with what was asked before it.");
 }
 
+TEST(PagesCommand, whatWouldHaveNoEffectIsRefused) {
+  const std::string pages = "/pages, /portrait, /landscape, /font, /margin and /paper go with /print and /pdf alone.";
+  const Arguments options[] = {{"/pages", "1-"}, {"/pages", "2"},   {"/portrait"},   {"/landscape"},
+                               {"/font", "8"},   {"/margin", "10"}, {"/paper", "A4"}};
+  const Arguments calls[] = {{"a"}, {"a", "/raw", "p"}, {"/list-printers"}, {"a", "/pdf", "b"}, {"a", "/print", "p"}};
+  for (const Arguments& option : options) {
+    for (const Arguments& call : calls) {
+      Arguments arguments = option;
+      arguments.insert(arguments.end(), call.begin(), call.end());
+      const PagesCommand command = pagesCommand(arguments);
+      const bool taken = call.size() == 3 && call[1] != "/raw";
+      EXPECT_EQ(command.problem, taken ? "" : pages) << option[0] << ' ' << call.back();
+      EXPECT_EQ(command.action == PagesAction::wrongCall, !taken);
+    }
+  }
+  EXPECT_EQ(problem({"a", "/pdf", "b", "/copies", "2"}), "/copies goes with /print alone.");
+  EXPECT_EQ(problem({"a", "/raw", "p", "/lines", "60"}), "/lines does not go with /raw.");
+  EXPECT_EQ(pagesCommand({"a", "/lines", "60"}).flowLines, 60u);
+  EXPECT_EQ(pagesCommand({"a", "/pdf", "b", "/lines", "60"}).flowLines, 60u);
+}
+
+TEST(PagesCommand, theEndsOfEachRangeAreTaken) {
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/font", "1"}).wishes.fontSize, 1);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/font", "72,0"}).wishes.fontSize, 72);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/margin", "0"}).wishes.margins.top, 0);
+  EXPECT_DOUBLE_EQ(pagesCommand({"a", "/print", "p", "/margin", "500"}).wishes.margins.right, 500 * 72 / 25.4);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/lines", "1"}).flowLines, 1u);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/lines", "200"}).flowLines, 200u);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/copies", "999"}).copies, 999u);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/copies", "000000002"}).copies, 2u);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/font", "0000000000.9"}).action, PagesAction::wrongCall);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/font", "00000000009"}).wishes.fontSize, 9);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/font", "0000000000009"}).action, PagesAction::wrongCall);  // of no length
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/pages", "4194304"}).lastPage, mostPages - 1);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/pages", "4194305"}).action, PagesAction::wrongCall);
+  EXPECT_EQ(pagesCommand({"a", "/print", "p", "/pages", "7-7"}).lastPage, 6u);
+}
+
+TEST(PagesCommand, aSingleSignIsAName) {
+  EXPECT_EQ(pagesCommand({"-"}).report, "-");
+  EXPECT_EQ(problem({"--"}), "There is no option \"--\".");
+}
+
 TEST(PagesCommand, printersAreListed) { EXPECT_EQ(pagesCommand({"/List-Printers"}).action, PagesAction::listPrinters); }
 
 TEST(PagesCommand, helpIsGivenWhateverStandsBesideIt) {

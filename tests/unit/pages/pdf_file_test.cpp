@@ -118,6 +118,40 @@ TEST(PdfFile, thePageOfAReport) {
   EXPECT_EQ(pages[0], "BT\n/F1 12.0 Tf\n14.400 TL\n28.35 803.94 Td\n(a \\(1\\) \\\\ \xE9)Tj T*\nT*\n(  b)Tj T*\nET\n");
 }
 
+TEST(PdfFile, everyCharacterStandsInThePageAsItsByte) {
+  std::string report = "|";
+  std::string wanted = "(|";
+  for (int byte = 1; byte < 256; ++byte) {
+    const char c = static_cast<char>(byte);
+    if (byte == '\n' || byte == '\r' || byte == '\f' || byte == '\t') continue;
+    report += c;
+    const bool blank =
+        byte < ' ' || byte == 0x7F || byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
+    if (c == '(' || c == ')' || c == '\\') wanted += '\\';
+    wanted += blank ? ' ' : c;
+  }
+  const std::vector<std::string> pages = contents(pdfOf(report));
+  ASSERT_EQ(pages.size(), 1u);
+  EXPECT_NE(pages[0].find("Td\n" + wanted + ")Tj T*\nET\n"), std::string::npos);
+  EXPECT_NE(pdfOf("a").find("/Encoding /WinAnsiEncoding"), std::string::npos);
+}
+
+// The table of positions has ten digits. A file that would need more is given up, and what was written is told to be no PDF.
+TEST(PdfFile, aFileOfMoreThanTenDigitsIsGivenUp) {
+  Sunk sunk;
+  PageFit fit;
+  ASSERT_TRUE(pageFit(1, 1, {}, fit));
+  PdfFile pdf = pdfBegin({sink, &sunk}, fit, "t", 0);
+  const std::uint64_t begun = pdf.position;
+  ASSERT_TRUE(pdfAddPage(pdf, "a", {{0, 1}}));
+  const std::uint64_t page = pdf.position - begun;
+  pdf.position = 9999999999 - page;
+  EXPECT_TRUE(pdfAddPage(pdf, "a", {{0, 1}}));
+  EXPECT_EQ(pdf.position, 9999999999u);
+  EXPECT_FALSE(pdfAddPage(pdf, "a", {{0, 1}}));
+  EXPECT_FALSE(pdfEnd(pdf));
+}
+
 TEST(PdfFile, anEmptyPageIsASheet) {
   const std::vector<std::string> pages = contents(pdfOf("a\f\fb"));
   ASSERT_EQ(pages.size(), 3u);
@@ -144,6 +178,9 @@ TEST(PdfFile, titles) {
   EXPECT_NE(pdfOf("a", "\xC3\xA9").find("/Title <FEFF00E9>"), std::string::npos);
   EXPECT_NE(pdfOf("a", "\xF0\x9F\x98\x80").find("/Title <FEFFD83DDE00>"), std::string::npos);
   EXPECT_NE(pdfOf("a", "\xE9").find("/Title <FEFF00E9>"), std::string::npos);  // no UTF-8: Windows-1252
+  EXPECT_NE(pdfOf("a", " ~").find("/Title ( ~)"), std::string::npos);
+  EXPECT_NE(pdfOf("a", "\x7F").find("/Title <FEFF007F>"), std::string::npos);
+  EXPECT_NE(pdfOf("a", "").find("/Title ()"), std::string::npos);
   EXPECT_NE(pdfOf("a", "a\nb").find("/Title <FEFF0061000A0062>"), std::string::npos);
 }
 

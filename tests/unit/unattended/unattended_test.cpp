@@ -61,6 +61,23 @@ TEST(PrintAll, masksAsTheDialogsHaveThem) {
   EXPECT_TRUE(maskFits("*", ""));
 }
 
+TEST(PrintAll, starsTakeAsMuchAsTheyMust) {
+  EXPECT_TRUE(maskFits("a*b*c", "a-b-b-c-c"));
+  EXPECT_FALSE(maskFits("a*b*c", "a-b-b-c-d"));
+  EXPECT_TRUE(maskFits("*ab", "aab"));
+  EXPECT_TRUE(maskFits("**", "x"));
+  EXPECT_TRUE(maskFits("x**", "x"));
+  EXPECT_FALSE(maskFits("x*?", "x"));
+  EXPECT_TRUE(maskFits("x*?", "xy"));
+  EXPECT_FALSE(maskFits("*x", ""));
+  EXPECT_FALSE(maskFits(".*", "x"));
+  EXPECT_TRUE(maskFits(".*", ""));
+  EXPECT_FALSE(maskFits("a", "ab"));
+  EXPECT_FALSE(maskFits("ab", "a"));
+  // Where every star tried every length this would take longer than anybody waits.
+  EXPECT_FALSE(maskFits("*a*a*a*a*a*a*a*a*a*a*b", std::string(250, 'a')));
+}
+
 std::string formOf(std::string_view name) {
   const std::optional<FormForFile> found = formForFile({}, name);
   if (!found) return "";
@@ -82,6 +99,35 @@ TEST(PrintAll, theFirstFormThatKnowsAFilePrintsIt) {
   EXPECT_EQ(formOf("ENTL0101.215"), "auction|--select|Rejected Entitlements");
   EXPECT_EQ(formOf("SBO250509.BIN"), "order-log");
   EXPECT_EQ(formOf("SAd010109.adl"), "admin-log");
+}
+
+// The table of docs/unattended.md, row by row.
+TEST(PrintAll, everyMaskOfTheManualLeadsToItsForm) {
+  const std::pair<const char*, std::vector<const char*>> rows[] = {
+      {"trades", {"TR1.B1", "STR1.B1", "X.ORD", "X.SORD"}},
+      {"trades|--select|Oddlot File", {"TO1.B1"}},
+      {"kesto", {"CT1.B1", "BT1.B1"}},
+      {"kesto|--select-type-of-file-to-print|Broker Query Printing", {"CB1.BIN", "BB1.BIN"}},
+      {"kesto|--select-type-of-file-to-print|TouchLines Printing", {"X.VQT"}},
+      {"broker-query", {"BR1.BIN", "BR1.SBIN"}},
+      {"touchlines", {"X.SAV", "X.SSAV"}},
+      {"trader-limits", {"X.TRD", "X.TSL", "X.STRD", "X.STSL"}},
+      {"6a7a", {"X.UPD", "X.SUPD"}},
+      {"6a7a|--select|Non-Updatable", {"X.NUP", "X.SNUP"}},
+      {"auction", {"MONY1"}},
+      {"auction|--select|Delivery Statement", {"DELY1"}},
+      {"auction|--select|Offer Status Statement", {"OFFS1"}},
+      {"auction|--select|BDA Details", {"CLBD1"}},
+      {"auction|--select|Rejected Entitlements", {"ENTL1"}},
+      {"order-log", {"OR1", "SOR1", "BO1.BIN", "SBO1.BIN"}},
+      {"quote-log", {"QO1"}},
+      {"admin-log", {"AD1.ADL", "SAD1.ADL"}},
+      {"breakup", {"X.DAT"}},
+      {"convert", {"X.ADM", "X.SADM", "ADEL1.ADL", "TRDRECT1", "X.ADL", "X.BIN", "X.SBIN"}},
+  };
+  for (const auto& [form, names] : rows) {
+    for (const char* name : names) EXPECT_EQ(formOf(name), form) << name;
+  }
 }
 
 TEST(PrintAll, kestoFilesOfThreeFormsAreToldByTheirNames) {
