@@ -3,8 +3,9 @@
 
     window_wine.py BUILD REPORTS [TEST ...]      BUILD holds the programs, REPORTS the approved pages
     window_wine.py BUILD REPORTS --large FILE    opens a report of any size and tells how long all takes; nothing is tested
-    window_wine.py BUILD REPORTS --pictures FOLDER [--dpi N]    keeps pictures of the window there, with the reports of the folder
-                                                 REPORTS, which quillon-print --all makes of the samples; nothing is tested
+    window_wine.py BUILD REPORTS --pictures FOLDER [--dpi N] [--fonts FOLDER]
+                                                 keeps pictures of the window there, with the reports of the folder REPORTS, which
+                                                 quillon-print --all makes of the samples, and the fonts of tools/pictures
 """
 
 import argparse
@@ -643,9 +644,13 @@ def pictures(desktop, place):
     shutil.rmtree(folder)
 
 
+def picture_tool():
+    return importlib.machinery.SourceFileLoader("pictures", str(ROOT / "tools" / "pictures")).load_module()
+
+
 def picture(desktop, window, path):
     time.sleep(1)  # until all is drawn
-    tool = importlib.machinery.SourceFileLoader("pictures", str(ROOT / "tools" / "pictures")).load_module()
+    tool = picture_tool()
     left, top, width, height = map(int, window.ask("place").split())
     _, _, rows = tool.read_screen(os.path.join(desktop.frame_buffers, "Xvfb_screen0"))
     tool.write_png(path, (left, top, left + width, top + height), rows)
@@ -660,13 +665,18 @@ def main():
     parser.add_argument("--large", metavar="FILE")
     parser.add_argument("--pictures", metavar="FOLDER")
     parser.add_argument("--dpi", type=int, default=96)
+    parser.add_argument("--fonts", default="/usr/share/wine/fonts")
     options = parser.parse_args()
     chosen = [test for test in TESTS if not options.tests or test.__name__ in options.tests]
     failed = 0
     begun = time.monotonic()
+    prefix = None
+    if options.pictures:
+        prefix = picture_tool().PREFIX
+        picture_tool().give_fonts(options.build, options.fonts)
     try:
         with tempfile.TemporaryDirectory() as frames, \
-                wine_desktop.Desktop(options.build, dpi=options.dpi, frame_buffers=frames) as desktop:
+                wine_desktop.Desktop(options.build, dpi=options.dpi, frame_buffers=frames, prefix=prefix) as desktop:
             desktop.reports = options.reports
             if options.pictures:
                 pictures(desktop, options.pictures)
