@@ -99,7 +99,6 @@ static void letFlow(PageIndex& index) {
   PageReading& read = index.read;
   read.flows = true;
   for (const PageStart& cut : read.cuts) endFlowPage(index, cut);
-  read.cuts.clear();
 }
 
 // A further line begins in the current stretch: the page may be full before it.

@@ -96,6 +96,17 @@ template <FormatText Format, std::size_t Bounded, class... Values>
 
 }  // namespace detail
 
+#ifdef QUILLON_PRINT_DECLARED
+// For tools/static_checks: to what it reads these are calls like any other. The compilers check every format against its
+// arguments, and a few sources are read with the bodies.
+template <FormatText Format, class... Args>
+void print(Output& output, Args... args);
+template <FormatText Format, class... Args>
+std::string formatText(Args... args);
+template <FormatText Format, class... Args>
+SmallText<detail::boundedRoom<Format, LineEnd::lf, Args...>()> formatCell(Args... args);
+#else
+
 // Writes one formed text. A failed write is remembered by the output.
 template <FormatText Format, class... Args>
 [[gnu::always_inline]] inline void print(Output& output, Args... args) {
@@ -133,5 +144,7 @@ inline auto formatCell(Args... args) {
     return SmallText<1>{};
   }
 }
+
+#endif
 
 }  // namespace quillon

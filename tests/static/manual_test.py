@@ -44,6 +44,10 @@ class Pages(unittest.TestCase):
         self.pages["kesto"] += "\n    [a](b.md)\n\n`[a](b.md)`\n"
         self.expect()
 
+    def test_link_that_names_a_file_to_its_reader(self):
+        self.change("kesto", "[What does this message mean?](", "[messages.md](")
+        self.expect("kesto.md: the link to messages.md has no words for a reader")
+
     def test_page_without_a_link(self):
         self.pages["another"] = "# Another\n"
         self.expect("another.md: docs/README.md has no link to it")

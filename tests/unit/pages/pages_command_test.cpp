@@ -149,6 +149,31 @@ TEST(PagesCommand, aSingleSignIsAName) {
 
 TEST(PagesCommand, printersAreListed) { EXPECT_EQ(pagesCommand({"/List-Printers"}).action, PagesAction::listPrinters); }
 
+TEST(PagesCommand, theWholeHelp) {
+  EXPECT_EQ(pagesHelp(),
+            "Shows, prints and keeps reports.\n"
+            "\n"
+            "quillon-pages [REPORT or FOLDER]             shows it\n"
+            "quillon-pages REPORT /print PRINTER          prints it, fitted to the sheet\n"
+            "quillon-pages REPORT /raw PRINTER            hands its bytes to the printer as they are\n"
+            "quillon-pages REPORT /pdf FILE               keeps it as PDF\n"
+            "quillon-pages /list-printers                 lists the printers\n"
+            "\n"
+            "With /print and /pdf alone:\n"
+            "  /pages 3 or 3-7 or 3-                      these pages only\n"
+            "  /portrait, /landscape                      the sheet lies so (otherwise as fits better)\n"
+            "  /font POINTS                               letters of this size (otherwise as large as fits)\n"
+            "  /margin MILLIMETRES                        at all four edges (otherwise 10)\n"
+            "  /paper A4, A3, Letter or Legal             the sheet (otherwise the printer's own; A4 for a PDF)\n"
+            "With /print alone: /copies N\n"
+            "With all but /raw:\n"
+            "  /lines N                                   lines a page where a report has no form feeds (otherwise 66)\n"
+            "\n"
+            "The status is 0 when all is done, 2 for a wrong call, 3 when the report cannot be read, 4 when it has no such\n"
+            "page, 5 when the margins leave no room, 6 for an unknown printer, 7 when the printer failed, 8 when the PDF\n"
+            "cannot be written, 1 for anything else.\n");
+}
+
 TEST(PagesCommand, helpIsGivenWhateverStandsBesideIt) {
   for (const char* help : {"/?", "-?", "-h", "--help", "/HELP"})
     EXPECT_EQ(pagesCommand({"a", help, "/x"}).action, PagesAction::help);

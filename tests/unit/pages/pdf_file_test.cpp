@@ -158,6 +158,51 @@ TEST(PdfFile, anEmptyPageIsASheet) {
   EXPECT_EQ(pages[1], "BT\n/F1 12.0 Tf\n14.400 TL\n28.35 803.94 Td\nET\n");
 }
 
+// The file without what its pages hold, of which the length stays open.
+std::string skeleton(std::string pdf) {
+  for (std::size_t at = pdf.find("stream\n"); at != std::string::npos; at = pdf.find(">>\nstream\n", at)) {
+    at = pdf.find("stream\n", at) + 7;
+    pdf.erase(at, pdf.find("\nendstream", at) - at);
+  }
+  for (std::size_t at = 0; (at = pdf.find("/Length ", at)) != std::string::npos;) {
+    at += 8;
+    while (pdf[at] >= '0' && pdf[at] <= '9') pdf.erase(at, 1);
+  }
+  return pdf;
+}
+
+TEST(PdfFile, everythingThatStandsAroundThePages) {
+  const std::string pdf = skeleton(pdfOf("a\fb"));
+  const std::size_t table = pdf.find("xref\n");
+  EXPECT_EQ(pdf.substr(0, table),
+            "%PDF-1.4\n%\xE2\xE3\xCF\xD3\n"
+            "5 0 obj\n<< /Type /Page /Parent 2 0 R /Contents 6 0 R >>\nendobj\n"
+            "6 0 obj\n<< /Length  /Filter /FlateDecode >>\nstream\n\nendstream\nendobj\n"
+            "7 0 obj\n<< /Type /Page /Parent 2 0 R /Contents 8 0 R >>\nendobj\n"
+            "8 0 obj\n<< /Length  /Filter /FlateDecode >>\nstream\n\nendstream\nendobj\n"
+            "1 0 obj\n<< /Type /Catalog /Pages 2 0 R /PageLabels << /Nums [0 << /S /D /St 1 >>] >>\n"
+            "/ViewerPreferences << /DisplayDocTitle true >> >>\nendobj\n"
+            "2 0 obj\n<< /Type /Pages /Count 2 /MediaBox [0 0 595.28 841.89]\n"
+            "/Resources << /Font << /F1 3 0 R >> >>\n/Kids [\n5 0 R 7 0 R] >>\nendobj\n"
+            "3 0 obj\n<< /Type /Font /Subtype /Type1 /BaseFont /Courier /Encoding /WinAnsiEncoding >>\nendobj\n"
+            "4 0 obj\n<< /Title (TRADES.TXT) >>\nendobj\n");
+  const std::string whole = pdfOf("a\fb");
+  EXPECT_EQ(pdf.substr(pdf.find("trailer")),
+            "trailer\n<< /Size 9 /Root 1 0 R /Info 4 0 R >>\nstartxref\n" + std::to_string(whole.find("xref\n")) + "\n%%EOF\n");
+}
+
+TEST(PdfFile, tenPagesALineInTheListOfPages) {
+  const std::string pdf = pdfOf("\f\f\f\f\f\f\f\f\f\f\f");
+  EXPECT_NE(pdf.find("/Kids [\n5 0 R 7 0 R 9 0 R 11 0 R 13 0 R 15 0 R 17 0 R 19 0 R 21 0 R 23 0 R\n25 0 R] >>\n"),
+            std::string::npos);
+}
+
+TEST(PdfFile, theLengthOfAPageIsThatOfItsBytes) {
+  const std::string pdf = pdfOf(std::string(3000, 'a') + "b");
+  const std::size_t begin = pdf.find("stream\n") + 7;
+  EXPECT_EQ(std::stoul(pdf.substr(pdf.find("/Length ") + 8)), pdf.find("\nendstream") - begin);
+}
+
 TEST(PdfFile, everyPositionOfTheTableLeadsToItsObject) {
   const std::string pdf = pdfOf("a\fb\fc\f");
   const std::size_t table = std::stoul(pdf.substr(pdf.find("startxref\n") + 10));
@@ -166,6 +211,7 @@ TEST(PdfFile, everyPositionOfTheTableLeadsToItsObject) {
   for (std::size_t object = 1; object < 11; ++object) {
     const std::string entry = pdf.substr(table + 10 + 20 * object, 20);
     EXPECT_EQ(entry.substr(10), " 00000 n \n");
+    EXPECT_EQ(entry.find_first_not_of("0123456789"), 10u);
     const std::string begin = std::to_string(object) + " 0 obj\n";
     EXPECT_EQ(pdf.substr(std::stoul(entry.substr(0, 10)), begin.size()), begin);
   }
@@ -180,6 +226,8 @@ TEST(PdfFile, titles) {
   EXPECT_NE(pdfOf("a", "\xE9").find("/Title <FEFF00E9>"), std::string::npos);  // no UTF-8: Windows-1252
   EXPECT_NE(pdfOf("a", " ~").find("/Title ( ~)"), std::string::npos);
   EXPECT_NE(pdfOf("a", "\x7F").find("/Title <FEFF007F>"), std::string::npos);
+  EXPECT_NE(pdfOf("a", "\xC4\xA3\xE4\x95\xA7\xE8\xA6\xAB\xEC\xB7\xAF").find("/Title <FEFF0123456789ABCDEF>"),
+            std::string::npos);
   EXPECT_NE(pdfOf("a", "").find("/Title ()"), std::string::npos);
   EXPECT_NE(pdfOf("a", "a\nb").find("/Title <FEFF0061000A0062>"), std::string::npos);
 }
