@@ -126,7 +126,7 @@ class Release(unittest.TestCase):
     def test_winget_manifest_is_of_this_version_and_installer(self):
         for path in (self.dist / "winget").iterdir():
             text = path.read_text(encoding="utf-8")
-            self.assertIn(f"PackageIdentifier: Quillon.Quillon\nPackageVersion: {self.version}\n", text)
+            self.assertIn(f"PackageIdentifier: Quillon.Quillon\nPackageVersion: \"{self.version}\"\n", text)
             self.assertIn("ManifestVersion: 1.6.0\n", text)
         text = (self.dist / "winget" / "Quillon.Quillon.installer.yaml").read_text(encoding="utf-8")
         self.assertIn(f"InstallerSha256: {sha256_of(self.setup.read_bytes()).upper()}\n", text)
