@@ -173,6 +173,26 @@ class Release(unittest.TestCase):
                              capture_output=True, text=True, check=False)
         self.assertEqual((run.returncode, run.stderr), (1, "QUILLON_SIGN_CERT is set, but QUILLON_SIGN_PASSWORD_FILE is not\n"))
 
+    def test_no_installer_comes_with_an_uninstaller_that_could_not_be_signed(self):
+        folder = place["out"] / "unsignable"
+        with zipfile.ZipFile(self.zip) as archive:
+            archive.extractall(folder)
+        os.environ.update(QUILLON_SIGN_CERT=str(folder / "missing.p12"), QUILLON_SIGN_PASSWORD_FILE=str(place["out"] / "password"))
+        try:  # the installer itself is signed later, with another error
+            with self.assertRaises(release.ReleaseError):
+                release.make_installer(folder / self.top, self.version, release.commit_date(), folder / "work", folder / "s.exe", "zlib")
+        finally:
+            del os.environ["QUILLON_SIGN_CERT"], os.environ["QUILLON_SIGN_PASSWORD_FILE"]
+
+    def test_a_commit_whose_date_git_does_not_tell_is_no_release(self):
+        kept, release.ROOT = release.ROOT, place["out"] / "no-repository"
+        (release.ROOT / ".git").mkdir(parents=True)
+        try:
+            with self.assertRaises(release.ReleaseError):
+                release.commit_date()
+        finally:
+            release.ROOT = kept
+
     def test_the_same_tree_gives_the_same_bytes_in_another_folder(self):
         made = []
         for name in ("one", "another folder with a longer name"):
