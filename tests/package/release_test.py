@@ -186,7 +186,8 @@ class Release(unittest.TestCase):
 
     def test_a_commit_whose_date_git_does_not_tell_is_no_release(self):
         kept, release.ROOT = release.ROOT, place["out"] / "no-repository"
-        (release.ROOT / ".git").mkdir(parents=True)
+        release.ROOT.mkdir()
+        (release.ROOT / ".git").write_text("gitdir: of nobody\n", encoding="ascii")
         try:
             with self.assertRaises(release.ReleaseError):
                 release.commit_date()
