@@ -19,7 +19,9 @@ Target amd64-unicode
 
 !define KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillon"
 !define MENU "$SMPROGRAMS\Quillon"
-!define NEW "$INSTDIR\quillon-setup.new"
+!define NEW_NAME "quillon-setup.new"
+!define NEW "$INSTDIR\${NEW_NAME}"
+!define MARK "quillon-setup.old"
 
 Name "Quillon ${VERSION}"
 OutFile "${OUT}"
@@ -33,11 +35,12 @@ SetOverwrite on
 AllowSkipFiles off
 BrandingText "Quillon ${VERSION}"
 !ifdef SIGN
-  !uninstfinalize '"${SIGN}" "%1"'
+  !uninstfinalize '"${SIGN}" "%1"' = 0
 !endif
 
 Var OldFolder   ; of the installation that is there, if any
 Var WorkFolder
+Var WorkMade    ; the work folder whose export folder a setup has made
 Var MenuAnew    ; the start menu's entries are written even where they are there already
 Var InUse
 
@@ -112,16 +115,18 @@ Function .onInit
   ${EndUnless}
   ReadRegStr $OldFolder HKCU "${KEY}" "InstallLocation"
   ReadRegStr $WorkFolder HKCU "${KEY}" "WorkFolder"
+  ReadRegStr $WorkMade HKCU "${KEY}" "WorkFolderMade"
   ${If} $WorkFolder == ""
     StrCpy $WorkFolder "$DOCUMENTS\Quillon"
   ${EndIf}
   ${GetParameters} $R0
   ClearErrors
   ${GetOptions} $R0 "/WORK=" $R1
-  ${Unless} ${Errors}
+  ${IfNot} ${Errors}
+  ${AndIf} $R1 != ""
     StrCpy $WorkFolder $R1
     StrCpy $MenuAnew "yes"
-  ${EndUnless}
+  ${EndIf}
 FunctionEnd
 
 Function .onInstFailed
@@ -213,7 +218,10 @@ FunctionEnd
 ; Quillon looks for files in the export folder below the folder in which it is started, and writes its reports there. The folder of
 ; the programs is none for that: an upgrade or an uninstallation is no business of anybody's reports.
 Function WriteStartMenu
-  CreateDirectory "$WorkFolder\export"
+  ${IfNot} ${FileExists} "$WorkFolder\export\*.*"
+    CreateDirectory "$WorkFolder\export"
+    StrCpy $WorkMade $WorkFolder
+  ${EndIf}
   CreateDirectory "${MENU}"
   SetOutPath "$WorkFolder"
   !insertmacro Entry "Quillon" "quillon.exe"
@@ -231,6 +239,7 @@ Function WriteRegistry
   WriteRegStr HKCU "${KEY}" "DisplayIcon" "$INSTDIR\quillon.exe"
   WriteRegStr HKCU "${KEY}" "InstallLocation" "$INSTDIR"
   WriteRegStr HKCU "${KEY}" "WorkFolder" "$WorkFolder"
+  WriteRegStr HKCU "${KEY}" "WorkFolderMade" "$WorkMade"
   WriteRegStr HKCU "${KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
   WriteRegStr HKCU "${KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
   WriteRegDWORD HKCU "${KEY}" "EstimatedSize" ${KILOBYTES}
@@ -246,8 +255,19 @@ Section
     Call AskToClose
   ${EndIf}
 
+  SetOutPath "$TEMP"  ; whatever folder setup was started in can go
   RMDir /r "${NEW}"
+  ${If} $OldFolder != ""
+    RMDir /r "$OldFolder\${NEW_NAME}"
+  ${EndIf}
   CreateDirectory "${NEW}"
+  ; One folder can have two names (a short one, a link, a drive's letter of one's own). Then nothing is to be removed from the old one.
+  ${If} $OldFolder != ""
+  ${AndIf} $OldFolder != $INSTDIR
+  ${AndIf} ${FileExists} "$OldFolder\${NEW_NAME}\*.*"
+    StrCpy $OldFolder $INSTDIR
+    StrCpy $MenuAnew "yes"
+  ${EndIf}
   !insertmacro EachFolder MakeNewFolder
   !insertmacro EachProgram Unpack
   !insertmacro EachOtherFile Unpack
@@ -293,6 +313,17 @@ SectionEnd
 Section Uninstall
   StrCpy $R0 $INSTDIR
   Call un.AskToClose
+
+  ; The start menu may be another copy's. This one's folder may have another name there.
+  ReadRegStr $R1 HKCU "${KEY}" "InstallLocation"
+  StrCpy $R2 ""
+  CreateDirectory "$INSTDIR\${MARK}"
+  ${If} $R1 == $INSTDIR
+  ${OrIf} ${FileExists} "$R1\${MARK}\*.*"
+    StrCpy $R2 "own"
+  ${EndIf}
+  RMDir "$INSTDIR\${MARK}"
+
   !insertmacro EachProgram Remove
   !insertmacro EachOtherFile Remove
   Delete "$INSTDIR\installed.txt"
@@ -300,17 +331,15 @@ Section Uninstall
   !insertmacro EachFolderFromBelow RemoveFolder
   RMDir "$INSTDIR"
 
-  ; The start menu may be another copy's.
-  ReadRegStr $R1 HKCU "${KEY}" "InstallLocation"
-  ${If} $R1 == $INSTDIR
+  ${If} $R2 == "own"
     !insertmacro RemoveEntry "Quillon"
     !insertmacro RemoveEntry "Quillon Pages"
     !insertmacro RemoveEntry "Quillon Guide"
     !insertmacro RemoveEntry "Quillon Samples"
     !insertmacro RemoveEntry "Uninstall Quillon"
     RMDir "${MENU}"
-    ; Empty it is nobody's.
-    ReadRegStr $WorkFolder HKCU "${KEY}" "WorkFolder"
+    ; Empty it is nobody's, unless it was there before: the workstation may leave its files in it.
+    ReadRegStr $WorkFolder HKCU "${KEY}" "WorkFolderMade"
     ${If} $WorkFolder != ""
       RMDir "$WorkFolder\export"
       RMDir "$WorkFolder"

@@ -62,8 +62,9 @@ def commit_date():
         return max(int(given), EARLIEST_DATE)
     if (ROOT / ".git").exists():
         run = subprocess.run(["git", "log", "-1", "--format=%ct"], cwd=ROOT, capture_output=True, text=True, check=False)
-        if run.returncode == 0 and run.stdout.strip():
-            return int(run.stdout)
+        if run.returncode != 0 or not run.stdout.strip():  # such as a folder that belongs to somebody whom git does not trust
+            raise ReleaseError(f"git does not tell the commit's date; set SOURCE_DATE_EPOCH, or help git: {run.stderr.strip()}")
+        return int(run.stdout)
     written = (PACKAGING / "commit-date").read_text(encoding="ascii").strip()
     return int(written) if written.isdigit() else EARLIEST_DATE
 
@@ -211,7 +212,7 @@ def make_installer(tree, version, date, work, path, compressor="/SOLID lzma"):
 def winget_manifest(version, installer):
     """Three files by name. Where the installer will lie for all to fetch is known to who publishes it."""
     address = os.environ.get("QUILLON_RELEASE_URL", "https://quillon.example/releases").rstrip("/")
-    head = f"PackageIdentifier: {PACKAGE_NAME}\nPackageVersion: {version}\n"
+    head = f"PackageIdentifier: {PACKAGE_NAME}\nPackageVersion: \"{version}\"\n"
 
     def manifest(kind, body):
         schema = f"# yaml-language-server: $schema=https://aka.ms/winget-manifest.{kind}.1.6.0.schema.json\n\n"
@@ -234,13 +235,17 @@ InstallerSwitches:
   InstallLocation: /D=<INSTALLPATH>
 UpgradeBehavior: install
 ExpectedReturnCodes:
+- InstallerReturnCode: 1
+  ReturnResponse: cancelledByUser
+- InstallerReturnCode: 3
+  ReturnResponse: systemNotSupported
 - InstallerReturnCode: 5
   ReturnResponse: packageInUse
 ProductCode: Quillon
 AppsAndFeaturesEntries:
 - DisplayName: Quillon
   Publisher: {PUBLISHER}
-  DisplayVersion: {version}
+  DisplayVersion: "{version}"
   ProductCode: Quillon
 Installers:
 - Architecture: x64

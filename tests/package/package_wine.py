@@ -177,6 +177,12 @@ class Installation:
     def install(self, setup, *options):
         return self.desktop.status([setup, "/S", *options])
 
+    def install_by_batch_file(self, setup, options):
+        """The options as an administrator types them: /D= has blanks and no quotes."""
+        batch = pathlib.Path(self.desktop.prefix) / "install.bat"
+        batch.write_text(f'@"{wine_desktop.windows_path(str(setup))}" /S {options}\r\n@exit /b %ERRORLEVEL%\r\n', encoding="ascii", newline="")
+        return self.desktop.status(["cmd", "/c", wine_desktop.windows_path(str(batch))])
+
     def expect_installed(self, version, extra):
         wanted = {name: (self.tree / name).read_bytes() for name in release.files_of(self.tree)}
         seen = {name: (self.programs / name).read_bytes() for name in release.files_of(self.programs)}
@@ -188,8 +194,9 @@ class Installation:
     def clean(self):
         """Nothing of an earlier run, whatever became of it."""
         users = self.desktop.disk / "users"
-        for folder in (self.programs.parent, self.settings, self.menu, users / "Elsewhere", users / "Work", users / "Closed"):
+        for folder in (self.programs.parent, self.settings, self.menu, users / "Else where", users / "My Work", users / "Closed"):
             shutil.rmtree(folder, ignore_errors=True)
+        (users / "Alias").unlink(missing_ok=True)
         for path in self.desktop.home.iterdir():
             if path.is_dir() and not path.name.startswith("."):
                 shutil.rmtree(path)
@@ -228,6 +235,9 @@ class Installation:
         self.settings.mkdir(exist_ok=True)
         (self.settings / "quillon-pages.ini").write_text("[Pages]\r\n", encoding="ascii")
         (self.programs / "note of mine.txt").write_text("mine", encoding="ascii")
+        places = [self.work, self.settings, self.programs / "note of mine.txt"]
+        mine = {str(path) for place in places for path in [place, *place.rglob("*")]}
+        self.mine = {name: what for name, what in self.desktop.files().items() if name in mine}
 
     def while_it_runs(self, action):
         """The program stands open with a form, before and after."""
@@ -265,16 +275,29 @@ class Installation:
         self.expect_installed(self.version, ["note of mine.txt"])
 
     def move(self):
-        """Another folder, and another one to work in: nothing of the first installation stays, save what was not its own."""
-        elsewhere = self.desktop.disk / "users" / "Elsewhere"
-        work = self.desktop.disk / "users" / "Work"
-        expect("status", self.install(self.newer, "/WORK=C:\\users\\Work", "/D=C:\\users\\Elsewhere"), 0)
+        """Another folder, and another one to work in, which the workstation has made: nothing of the first installation stays, save
+        what was not its own."""
+        elsewhere = self.desktop.disk / "users" / "Else where"
+        export = self.desktop.disk / "users" / "My Work" / "export"
+        export.mkdir(parents=True)
+        self.mine.update({str(export.parent): "folder", str(export): "folder"})
+        expect("status", self.install_by_batch_file(self.newer, '/WORK="C:\\users\\My Work" /D=C:\\users\\Else where'), 0)
         expect("what stays in the first folder", os.listdir(self.programs), ["note of mine.txt"])
         expect("version", self.desktop.value("DisplayVersion"), self.version)
         expect("start menu", sorted(os.listdir(self.menu)), ENTRIES)
-        expect("the other folder to work in", os.listdir(work), ["export"])
+        expect("the other folder to work in", self.desktop.value("WorkFolder"), "C:\\users\\My Work")
         self.programs = elsewhere
-        expect("files there", release.files_of(elsewhere), sorted(release.files_of(self.tree) + ["uninstall.exe", "installed.txt"]))
+        self.expect_all_there()
+
+    def expect_all_there(self):
+        expect("files there", release.files_of(self.programs), sorted(release.files_of(self.tree) + ["uninstall.exe", "installed.txt"]))
+
+    def by_another_name(self):
+        """The same folder, named by a link: it is no other one, from which the programs would have to be removed."""
+        (self.programs.parent / "Alias").symlink_to(self.programs)
+        expect("status", self.install(self.newer, "/D=C:\\users\\Alias"), 0)
+        expect("where it is now", self.desktop.value("InstallLocation"), "C:\\users\\Alias")
+        self.expect_all_there()
 
     def uninstall_and_wait(self):
         """In place, so that its status is its own and not that of a copy; its own file stays then."""
@@ -293,24 +316,32 @@ class Installation:
         while self.desktop.value("DisplayVersion") and time.monotonic() < deadline:
             time.sleep(0.2)
 
+    def unused(self, pem):
+        """Installed and removed, and nothing done in between: nothing stays, the folder of all of a user's programs aside."""
+        self.programs.parent.mkdir(exist_ok=True)
+        before = self.desktop.files()
+        expect("status", self.install(self.newer), 0)
+        self.uninstall(pem)
+        expect("files that changed", sorted(set(before.items()) ^ set(self.desktop.files().items())), [])
+
     def live(self, pem):
         self.clean()
         self.on_an_old_windows()
         self.where_nothing_can_be_written()
         before = self.desktop.files(), self.desktop.registry()
+        self.unused(pem)
         self.fresh()
         self.work_with_it()
         self.while_it_runs(self.upgrade_is_refused)
         self.upgrade()
         self.while_it_runs(self.uninstall_is_refused)
-        first = self.programs
+        users = {str(self.programs.parent), str(self.programs)}
         self.move()
+        self.by_another_name()
         self.uninstall(pem)
-        users = {self.work, self.settings, first.parent, first}
-        mine = {first / "note of mine.txt", self.settings / "quillon-pages.ini", *self.work.rglob("*")}
-        left = {pathlib.Path(name) for name in dict(set(self.desktop.files().items()) - set(before[0].items()))}
-        expect("what is left behind", sorted(left - users - mine), [])
-        expect("the user's files that are gone", sorted(mine - left), [])
+        left = dict(set(self.desktop.files().items()) - set(before[0].items()))
+        expect("what is left behind", sorted(set(left) - users - set(self.mine)), [])
+        expect("the user's files that are gone or changed", sorted(set(self.mine.items()) - set(left.items())), [])
         expect("registry lines left behind", sorted(self.desktop.registry() - before[1]), [])
 
 

@@ -126,7 +126,7 @@ class Release(unittest.TestCase):
     def test_winget_manifest_is_of_this_version_and_installer(self):
         for path in (self.dist / "winget").iterdir():
             text = path.read_text(encoding="utf-8")
-            self.assertIn(f"PackageIdentifier: Quillon.Quillon\nPackageVersion: {self.version}\n", text)
+            self.assertIn(f"PackageIdentifier: Quillon.Quillon\nPackageVersion: \"{self.version}\"\n", text)
             self.assertIn("ManifestVersion: 1.6.0\n", text)
         text = (self.dist / "winget" / "Quillon.Quillon.installer.yaml").read_text(encoding="utf-8")
         self.assertIn(f"InstallerSha256: {sha256_of(self.setup.read_bytes()).upper()}\n", text)
@@ -172,6 +172,27 @@ class Release(unittest.TestCase):
         run = subprocess.run([str(ROOT / "packaging" / "sign"), "x.exe"], env=dict(os.environ, QUILLON_SIGN_CERT="x.p12"),
                              capture_output=True, text=True, check=False)
         self.assertEqual((run.returncode, run.stderr), (1, "QUILLON_SIGN_CERT is set, but QUILLON_SIGN_PASSWORD_FILE is not\n"))
+
+    def test_no_installer_comes_with_an_uninstaller_that_could_not_be_signed(self):
+        folder = place["out"] / "unsignable"
+        with zipfile.ZipFile(self.zip) as archive:
+            archive.extractall(folder)
+        os.environ.update(QUILLON_SIGN_CERT=str(folder / "missing.p12"), QUILLON_SIGN_PASSWORD_FILE=str(place["out"] / "password"))
+        try:  # the installer itself is signed later, with another error
+            with self.assertRaises(release.ReleaseError):
+                release.make_installer(folder / self.top, self.version, release.commit_date(), folder / "work", folder / "s.exe", "zlib")
+        finally:
+            del os.environ["QUILLON_SIGN_CERT"], os.environ["QUILLON_SIGN_PASSWORD_FILE"]
+
+    def test_a_commit_whose_date_git_does_not_tell_is_no_release(self):
+        kept, release.ROOT = release.ROOT, place["out"] / "no-repository"
+        release.ROOT.mkdir()
+        (release.ROOT / ".git").write_text("gitdir: of nobody\n", encoding="ascii")
+        try:
+            with self.assertRaises(release.ReleaseError):
+                release.commit_date()
+        finally:
+            release.ROOT = kept
 
     def test_the_same_tree_gives_the_same_bytes_in_another_folder(self):
         made = []
