@@ -128,8 +128,9 @@ std::string access(wchar_t letter) {
   if (!before) return "?no focus";
   PostMessageW(before, WM_SYSCHAR, static_cast<WPARAM>(letter), 1 << 29);
   SendMessageW(dialog, WM_NULL, 0, 0);
+  // On a busy machine the label that the letter stands on may be seen with the focus, on its way to what it names.
   HWND after = before;
-  for (int i = 0; i < 25 && after == before; ++i, Sleep(pollStep)) after = focus();
+  for (int i = 0; i < 50 && (after == before || GetDlgCtrlID(after) == -1); ++i, Sleep(pollStep)) after = focus();
   const HWND parent = after ? GetParent(after) : nullptr;
   return std::to_string(GetDlgCtrlID(parent && classOf(parent) == L"ComboBox" ? parent : after));
 }
