@@ -11,7 +11,7 @@ SECONDS = 120
 
 
 def fit(pages, sheet=A4, font=0.0, margin=MARGIN, orientation=None, flows=False):
-    """(landscape, font size), as the page that describes printing tells it. A report that flows has full pages, were its last one blank."""
+    """(landscape, font size), as the page that describes printing tells it. A report that flows over further pages has full ones."""
     columns = max([len(line) for page in pages for line in page] + [1])
     lines = 66 if flows else max([len(page) for page in pages] + [1])
     fits = []
