@@ -98,8 +98,8 @@ struct PagePlace {
   std::size_t line;    // within the page
   std::size_t column;  // as it shows, tabs counted
 };
-// Where a byte stands. A byte of a line's end belongs to that line. False when there is no page or no line there (yet), as among
-// the blank lines that make no page at the report's end.
+// Where a byte stands. A byte of a line's end belongs to that line. False when there is no page or no line there (yet), as
+// among the blank lines that make no page at the report's end.
 [[nodiscard]] bool pagePlaceOf(const PageIndex& index, std::string_view bytes, std::uint64_t offset, PagePlace& place);
 
 // A line as it shows: tabs as blanks, every other control character as one blank, blanks at its end as they are. A character a

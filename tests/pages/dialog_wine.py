@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """The print dialog of quillon-pages and Save as PDF, worked from outside under Wine as a user works them.
 
-Usage: dialog_wine.py BUILD [--pictures FOLDER [--dpi N]]
+Usage: dialog_wine.py BUILD [--pictures FOLDER [--dpi N] [--fonts FOLDER]]
 
-With --pictures the dialog is opened, filled, and kept as print_dialog.png there; nothing is tested.
+With --pictures the dialog is opened and kept as print_dialog.png there, in the letters of tools/pictures; nothing is tested.
 """
 
 import argparse
+import importlib.machinery
 import os
 import pathlib
 import re
@@ -24,6 +25,8 @@ import cups_queues  # noqa: E402
 import wine_desktop  # noqa: E402
 from page_words import pages_of  # noqa: E402
 from printed_pages import printed_wrong  # noqa: E402
+
+pictures = importlib.machinery.SourceFileLoader("pictures", str(ROOT / "tools" / "pictures")).load_module()
 
 IDS = {name: int(value) for name, value in re.findall(r"#define IDC_PRINT_(\w+) (\d+)", (ROOT / "resources/pages/print_ids.h").read_text())}
 COMMANDS = {name: int(value) for name, value in re.findall(r"#define ID_(\w+) (\d+)", (ROOT / "resources/pages/ids.h").read_text())}
@@ -273,9 +276,6 @@ def without_console(desktop, folder):
 
 
 def picture(desktop, folder, frame_buffers, place):
-    sys.path.insert(0, str(ROOT / "tools"))
-    import importlib.machinery
-    pictures = importlib.machinery.SourceFileLoader("pictures", str(ROOT / "tools" / "pictures")).load_module()
     dialog = Dialog(desktop, folder, "print", "REPORT.TXT", "1")
     left, top, right, bottom = map(int, dialog.do("place").split())
     time.sleep(3)  # until Wine has drawn it
@@ -296,9 +296,13 @@ def main():
     parser.add_argument("build")
     parser.add_argument("--pictures")
     parser.add_argument("--dpi", type=int, default=96)
+    parser.add_argument("--fonts", default="/usr/share/wine/fonts")
     options = parser.parse_args()
+    prefix = pictures.PREFIX if options.pictures else None
+    if options.pictures:
+        pictures.give_fonts(options.build, options.fonts)
     with cups_queues.Spooler() as spooler, tempfile.TemporaryDirectory(prefix="qp-") as name, tempfile.TemporaryDirectory() as frames, \
-            wine_desktop.Desktop(options.build, dpi=options.dpi, frame_buffers=frames) as desktop:
+            wine_desktop.Desktop(options.build, dpi=options.dpi, frame_buffers=frames, prefix=prefix) as desktop:
         desktop.environment["CUPS_SERVER"] = spooler.environment["CUPS_SERVER"]
         folder = pathlib.Path(os.path.realpath(name))
         (folder / "REPORT.TXT").write_bytes(REPORT)

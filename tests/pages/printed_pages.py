@@ -11,9 +11,9 @@ SECONDS = 120
 
 
 def fit(pages, sheet=A4, font=0.0, margin=MARGIN, orientation=None, flows=False):
-    """(landscape, font size), as the page that describes printing tells it. A report that flows over further pages has full ones."""
+    """(landscape, font size), as the page that describes printing tells it. A report that flows has full pages before its last."""
     columns = max([len(line) for page in pages for line in page] + [1])
-    lines = 66 if flows else max([len(page) for page in pages] + [1])
+    lines = 66 if flows and len(pages) > 1 else max([len(page) for page in pages] + [1])
     fits = []
     for landscape in ([False, True] if orientation is None else [orientation]):
         width, height = reversed(sheet) if landscape else sheet

@@ -44,7 +44,8 @@ static std::wstring standardPrinter() {
   GetDefaultPrinterW(nullptr, &size);
   std::wstring name(size, L'\0');
   if (size == 0 || !GetDefaultPrinterW(name.data(), &size)) return {};
-  return name.c_str();  // up to its end
+  name.resize(std::min(name.size(), name.find(L'\0')));  // the size counts the end
+  return name;
 }
 
 bool printersList(std::vector<Printer>& printers) {
