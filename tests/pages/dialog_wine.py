@@ -298,7 +298,7 @@ def main():
     parser.add_argument("--dpi", type=int, default=96)
     parser.add_argument("--fonts", default="/usr/share/wine/fonts")
     options = parser.parse_args()
-    prefix = pictures.PREFIX if options.pictures else None
+    prefix = pictures.PREFIX if options.pictures else wine_desktop.SECOND_PREFIX
     if options.pictures:
         pictures.give_fonts(options.build, options.fonts)
     with cups_queues.Spooler() as spooler, tempfile.TemporaryDirectory(prefix="qp-") as name, tempfile.TemporaryDirectory() as frames, \

@@ -312,7 +312,8 @@ def main():
         steps.append(f"{name} {time.monotonic() - started:.1f} s")
         return result
 
-    with cups_queues.Spooler() as spooler, wine_desktop.Desktop(BUILD) as desktop, tempfile.TemporaryDirectory(prefix="qp-") as folder:
+    with cups_queues.Spooler() as spooler, wine_desktop.Desktop(BUILD, prefix=wine_desktop.SECOND_PREFIX) as desktop, \
+            tempfile.TemporaryDirectory(prefix="qp-") as folder:
         desktop.environment["CUPS_SERVER"] = spooler.environment["CUPS_SERVER"]
         scratch = pathlib.Path(os.path.realpath(folder))
         pages = Pages(scratch, desktop.environment)

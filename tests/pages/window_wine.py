@@ -673,7 +673,7 @@ def main():
     chosen = [test for test in TESTS if not options.tests or test.__name__ in options.tests]
     failed = 0
     begun = time.monotonic()
-    prefix = None
+    prefix = wine_desktop.SECOND_PREFIX
     if options.pictures:
         prefix = picture_tool().PREFIX
         picture_tool().give_fonts(options.build, options.fonts)

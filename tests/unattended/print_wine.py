@@ -41,7 +41,7 @@ def prepare(folder):
 
 def main():
     failures = []
-    with tempfile.TemporaryDirectory() as scratch, wine_desktop.Desktop(BUILD) as desktop:
+    with tempfile.TemporaryDirectory() as scratch, wine_desktop.Desktop(BUILD, prefix=wine_desktop.SECOND_PREFIX) as desktop:
         native, windows = pathlib.Path(scratch) / "native", pathlib.Path(scratch) / "windows"
         prepare(native)
         prepare(windows)
