@@ -87,8 +87,11 @@ PrintPlan printPlan(const PrintEntries& entries, const PrinterSheet& sheet, cons
   plan.wishes.sheet = sheet.sheet;
   plan.wishes.barePortrait = sheet.barePortrait;
   plan.wishes.bareLandscape = sheet.bareLandscape;
-  plan.wishes.orientation = entries.orientation;
+  plan.wishes.orientation = sheet.turns ? entries.orientation : Orientation::portrait;
   plan.status = readEntries(entries, index, thisPage, plan);
+  if (plan.status.empty() && !sheet.turns && entries.orientation == Orientation::landscape) {
+    plan.status = "This printer cannot print landscape.";
+  }
   if (!plan.status.empty()) return plan;
   plan.possible = pageFit(pageWidest(index), pageLongest(index), plan.wishes, plan.fit);
   plan.status = plan.possible ? outcome(plan) : "The margins leave no room on the sheet.";

@@ -31,6 +31,7 @@ struct PrinterSheet {
   Sheet sheet = sheetA4;
   Margins barePortrait = {0, 0, 0, 0};
   Margins bareLandscape = {0, 0, 0, 0};
+  bool turns = true;  // false: the printer prints on the upright sheet alone, whatever it is told
 };
 
 struct PrintPlan {

@@ -442,9 +442,12 @@ def report_that_grows_is_followed(desktop, folder):
         window.page(1, 6, page_text(1))  # who reads the first page stays there
         window.command("PAGE_LAST")
         window.page(6, 6, "page 6 begins")
+        window.do("key End")
+        window.wait("selection", "13 13")
         with open(folder + "/A.TXT", "ab") as file:
             file.write(b" and goes on")
         window.page(6, 6, "page 6 begins and goes on")
+        expect("where one reads", window.ask("selection"), "13 13")
         with open(folder + "/A.TXT", "ab") as file:
             file.write(b"\r\n\f" + report(1, first=7))
         window.page(7, 7, page_text(7))  # who reads the last one stays on the last

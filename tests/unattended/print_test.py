@@ -128,11 +128,13 @@ class Reports(Folder):
         self.assertEqual(len(set(reports)), 4)
 
     def test_client_of_a_list_that_the_file_fills(self):
-        self.call("net-position", EXPORT / "TR010109.B01", "--select", "Client-ScripWise NetPosition", "-o", "all.txt", status=0)
-        client = re.search(rb"Client\S*\s*:?\s*(\S+)", (self.folder / "all.txt").read_bytes())
-        self.assertIsNotNone(client)
+        for client in ("INS04", "OWN"):
+            self.call("net-position", EXPORT / "TR010109.B01", "--select", "Client-ScripWise NetPosition", "--select-client", client,
+                      "-o", client + ".txt", status=0)
+            clients = re.findall(rb"of Client : (\S+)", (self.folder / (client + ".txt")).read_bytes())
+            self.assertEqual(set(clients), {client.encode()})
         run = self.call("net-position", EXPORT / "TR010109.B01", "--select", "Client-ScripWise NetPosition", "--select-client", "NOBODY",
-                        "-o", "one.txt", status=1)
+                        "-o", "none.txt", status=1)
         self.assertIn(b'The form does not take --select-client "NOBODY" for this file.', run.stderr)
 
     def test_boxes_go_to_standard_error_with_their_titles(self):

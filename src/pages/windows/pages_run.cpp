@@ -69,6 +69,7 @@ static CallEnd refused(const PagesCommand& command, const wchar_t* why) {
 
 static constexpr wchar_t asksForFile[] = L"asks for a file. A PDF is made by /pdf.";
 static constexpr wchar_t noSuchSheet[] = L"has no such sheet.";
+static constexpr wchar_t noLandscape[] = L"cannot print landscape.";
 
 // ---- Actions ----------------------------------------------------------------------------------------------------------
 
@@ -101,6 +102,8 @@ static CallEnd layOut(const PagesCommand& command, const Report& report, PrintOr
   wishes.sheet = sheet.sheet;
   wishes.barePortrait = sheet.barePortrait;
   wishes.bareLandscape = sheet.bareLandscape;
+  if (!sheet.turns && wishes.orientation == Orientation::landscape) return refused(command, noLandscape);
+  if (!sheet.turns) wishes.orientation = Orientation::portrait;
   const bool room = pageFit(pageWidest(report.index), pageLongest(report.index), wishes, order.fit);
   return endOf(command, room ? PagesStatus::done : PagesStatus::noRoom);
 }

@@ -85,12 +85,11 @@ static bool close(PdfOutput& output, bool complete, const std::wstring& place) {
 
 // ---- The pages --------------------------------------------------------------------------------------------------------
 
-static PagesStatus addPages(PdfFile& pdf, Report& report, std::size_t first, std::size_t last, const Progress& progress) {
-  const unsigned version = report.version;
+static PagesStatus addPages(PdfFile& pdf, const Report& report, std::size_t first, std::size_t last, const Progress& progress) {
   for (std::size_t page = first; page <= last; ++page) {
     if (!progressGoesOn(progress, page - first, last - first + 1)) return PagesStatus::failed;
     ReportBytes look;
-    if (reportStep(report, look, 0) == ReportState::unreadable || report.version != version) return PagesStatus::noReport;
+    if (!reportLookAgain(report, look)) return PagesStatus::noReport;
     if (!pdfAddPage(pdf, look.bytes, pageLines(report.index, look.bytes, page))) return PagesStatus::fileFailed;
   }
   return pdfEnd(pdf) ? PagesStatus::done : PagesStatus::fileFailed;
@@ -106,7 +105,7 @@ PagesStatus pdfSave(const Report& report, const PdfOrder& order, const Progress&
   if (isSameFile(place, report.path)) return PagesStatus::fileFailed;
   PdfOutput output;
   if (!open(output, place)) return PagesStatus::fileFailed;
-  Report own = report;  // a window may go on with its own while messages are handled
+  const Report own = report;  // a window may go on with its own while messages are handled
   PdfFile pdf = pdfBegin({write, &output}, fit, utf8FromWide(pathName(report.path)), order.first);
   PagesStatus status = addPages(pdf, own, order.first, std::min(order.last, count - 1), progress);
   if (!close(output, status == PagesStatus::done, place) && status == PagesStatus::done) status = PagesStatus::fileFailed;

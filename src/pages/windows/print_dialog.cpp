@@ -254,7 +254,8 @@ static void onCommand(HWND dialog, int id, int event) {
   } else if (id == IDC_PRINT_SHEET && event == CBN_SELCHANGE) {
     const std::wstring sheet = textOf(dialog, IDC_PRINT_SHEET);
     state.wantedSheet = sheet == ownSheet ? std::wstring() : sheet;
-    takePrinter(dialog);
+    // What was chosen in the printer's own settings stays.
+    state.ready ? takeSheet(dialog) : takePrinter(dialog);
     refresh(dialog);
   } else if (event == CBN_SELCHANGE || event == CBN_EDITCHANGE || event == EN_CHANGE || event == BN_CLICKED) {
     if (id == IDC_PRINT_FONT && event == CBN_SELCHANGE) takeFontFromList(dialog);
@@ -305,8 +306,9 @@ bool printDialog(HWND owner, Report& report, std::size_t page) {
   progressOpen(progress, owner, (L"Printing " + pathName(report.path)).c_str());
   const PagesStatus status = runJob(report, progressOf(progress));
   progressClose(progress);
-  // Where it failed for no reason with a name, the user gave it up: by Cancel, or where Windows asked for a file.
-  if (status != PagesStatus::done && status != PagesStatus::failed) {
+  // Where it failed for no reason with a name, the user gave it up where Windows asked for a file. After Cancel the printer may
+  // refuse what is left.
+  if (status != PagesStatus::done && status != PagesStatus::failed && !progress.cancelled) {
     MessageBoxW(owner, statusText(status, report.path, state.setup.name, L"").c_str(), title, MB_ICONERROR);
   }
   return status == PagesStatus::done;

@@ -140,10 +140,9 @@ static BOOL CALLBACK abortProcedure(HDC, int error) {
 }
 
 // One page, the file looked at for as long as that takes.
-static PagesStatus printPage(const PrintCanvas& canvas, Report& report, std::size_t page) {
-  const unsigned version = report.version;
+static PagesStatus printPage(const PrintCanvas& canvas, const Report& report, std::size_t page) {
   ReportBytes look;
-  if (reportStep(report, look, 0) == ReportState::unreadable || report.version != version) return PagesStatus::noReport;
+  if (!reportLookAgain(report, look)) return PagesStatus::noReport;
   if (StartPage(canvas.device) <= 0) return PagesStatus::printerFailed;
   prepare(canvas);
   std::size_t row = 0;
@@ -153,7 +152,7 @@ static PagesStatus printPage(const PrintCanvas& canvas, Report& report, std::siz
   return EndPage(canvas.device) > 0 ? PagesStatus::done : PagesStatus::printerFailed;
 }
 
-static PagesStatus printAllPages(const PrintCanvas& canvas, Report& report, const PrintOrder& order, std::size_t rounds) {
+static PagesStatus printAllPages(const PrintCanvas& canvas, const Report& report, const PrintOrder& order, std::size_t rounds) {
   for (std::size_t copy = 0; copy < rounds; ++copy) {
     for (std::size_t page = order.first; page <= order.last; ++page) {
       if (!progressGoesOn(*running.progress, running.done, running.all)) return PagesStatus::failed;
@@ -165,7 +164,7 @@ static PagesStatus printAllPages(const PrintCanvas& canvas, Report& report, cons
   return PagesStatus::done;
 }
 
-static PagesStatus runJob(const PrintCanvas& canvas, Report& report, const PrintOrder& order, std::size_t rounds) {
+static PagesStatus runJob(const PrintCanvas& canvas, const Report& report, const PrintOrder& order, std::size_t rounds) {
   const std::wstring title = pathName(report.path);
   DOCINFOW document = {};
   document.cbSize = sizeof document;
@@ -195,7 +194,7 @@ PagesStatus printPages(const Report& report, const PrintOrder& wanted, const Pro
   PrintCanvas canvas;
   canvas.fit = order.fit;
   if (!open(canvas, order.setup)) return PagesStatus::noPrinter;
-  Report own = report;  // a window may go on with its own while messages are handled
+  const Report own = report;  // a window may go on with its own while messages are handled
   running = {&progress, 0, pages * rounds};
   const PagesStatus status = runJob(canvas, own, order, rounds);
   running = {};
@@ -217,21 +216,19 @@ static bool writeAll(HANDLE printer, std::string_view bytes) {
 
 // As many bytes as there were at the first look. A file that was written anew meanwhile is another report.
 static PagesStatus sendBytes(HANDLE printer, const std::wstring& path, const Progress& progress) {
-  std::size_t size = 0;
-  std::uint64_t written = 0;
+  Report report;
+  reportOpen(report, path);
   for (std::size_t at = 0;;) {
     ReportBytes look;
-    if (!reportLook(path, look)) return PagesStatus::noReport;
-    if (at == 0) size = look.bytes.size(), written = look.written;
-    const bool same = look.bytes.size() == size && look.written == written;
-    if (!same && look.bytes.size() <= size) return PagesStatus::noReport;
+    const bool read = at == 0 ? reportStep(report, look, 0) != ReportState::unreadable : reportLookAgain(report, look);
+    if (!read || look.bytes.empty()) return PagesStatus::noReport;
     // What is on this machine is mapped, and looked at again for each stretch; what had to be read is in memory whole.
-    const std::size_t stretch = !look.copy ? std::size_t{1} << 20 : size;
-    const std::string_view piece = look.bytes.substr(0, size).substr(at, stretch);
-    if (!progressGoesOn(progress, at, size)) return PagesStatus::failed;
+    const std::size_t stretch = !look.copy ? std::size_t{1} << 20 : look.bytes.size();
+    const std::string_view piece = look.bytes.substr(at, stretch);
+    if (!progressGoesOn(progress, at, look.bytes.size())) return PagesStatus::failed;
     if (!writeAll(printer, piece)) return PagesStatus::printerFailed;
     at += piece.size();
-    if (at >= size) return PagesStatus::done;
+    if (at >= look.bytes.size()) return PagesStatus::done;
   }
 }
 

@@ -6,6 +6,7 @@
 // clang-format on
 
 #include <algorithm>
+#include <cmath>
 
 namespace quillon {
 
@@ -149,7 +150,10 @@ static bool lookAtSheet(PrinterSetup setup, bool landscape, Sheet& lying, Margin
 bool printerSheet(const PrinterSetup& setup, PrinterSheet& sheet) {
   Sheet across = {};
   if (!lookAtSheet(setup, false, sheet.sheet, sheet.barePortrait)) return false;
-  return lookAtSheet(setup, true, across, sheet.bareLandscape);
+  if (!lookAtSheet(setup, true, across, sheet.bareLandscape)) return false;
+  // Some drivers, of receipt printers and for text alone, leave the sheet as it is.
+  sheet.turns = std::abs(across.width - sheet.sheet.height) <= std::abs(across.width - sheet.sheet.width);
+  return true;
 }
 
 // ---- What a job sets --------------------------------------------------------------------------------------------------
@@ -173,7 +177,10 @@ bool printerSetCopies(PrinterSetup& setup, std::size_t copies, bool severalPages
   mode->dmFields |= DM_COPIES | DM_COLLATE;
   mode->dmCopies = wanted;
   mode->dmCollate = DMCOLLATE_TRUE;
-  if (!settle(setup)) return copies == 1;
+  if (!settle(setup)) {
+    mode->dmCopies = 1;  // or the pages that are sent again for each copy would come out as often once more
+    return copies == 1;
+  }
   const bool taken =
       modeOf(setup)->dmCopies == wanted && (wanted == 1 || !severalPages || modeOf(setup)->dmCollate == DMCOLLATE_TRUE);
   if (!taken) modeOf(setup)->dmCopies = 1;

@@ -36,6 +36,12 @@ void progressOpen(ProgressWindow& progress, HWND owner, const wchar_t* what) {
   if (owner) EnableWindow(owner, FALSE);
 }
 
+// Keys still go to the part that had the focus when its window was closed to input, until another window comes up.
+static bool isForClosedWindow(const MSG& message) {
+  const bool typed = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+  return typed && message.hwnd && !IsWindowEnabled(GetAncestor(message.hwnd, GA_ROOT));
+}
+
 // Also where the program is told to end: who shows windows is told again when the work has come back.
 static void handleMessages(ProgressWindow& progress) {
   MSG message;
@@ -46,6 +52,7 @@ static void handleMessages(ProgressWindow& progress) {
       return;
     }
     if (progress.window && IsDialogMessageW(progress.window, &message)) continue;
+    if (isForClosedWindow(message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

@@ -132,4 +132,12 @@ bool reportFinish(Report& report, ReportBytes& look) {
   return true;
 }
 
+bool reportLookAgain(const Report& report, ReportBytes& look) {
+  if (!reportLook(report.path, look)) return false;
+  const bool same = look.bytes.size() == report.size && look.written == report.written;
+  const bool grown = look.bytes.size() > report.size && reportContinues(report.samples, report.size, look.bytes);
+  look.bytes = look.bytes.substr(0, report.size);
+  return same || grown;
+}
+
 }  // namespace quillon

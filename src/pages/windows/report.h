@@ -3,8 +3,8 @@
 //
 // Windows lets nobody write a file anew while it is mapped: with a report on the screen, quillon.exe would be refused its own
 // output. So nothing is held between two looks. A step of the window opens the file, maps it, looks, and gives all back.
-// What lies on another machine, or on a stick, is read into memory: a mapped file that goes away ends in a fault in the middle of
-// a line. The bytes read last are kept until the file has changed, so that turning its pages does not read it again.
+// What lies on another machine, or on a stick, is read into memory: a mapped file that goes away ends in a fault in the middle
+// of a line. The bytes read last are kept until the file has changed, so that turning its pages does not read it again.
 #pragma once
 
 #include <cstdint>
@@ -52,5 +52,8 @@ void reportOpen(Report& report, const std::wstring& path, std::size_t flowLines 
 ReportState reportStep(Report& report, ReportBytes& look, std::size_t budget);
 // The whole report, for who prints or saves it. False when it cannot be read.
 [[nodiscard]] bool reportFinish(Report& report, ReportBytes& look);
+// A further look at the bytes of which a finished report has counted the pages. A report that has grown meanwhile is given as
+// it was: its last lines and pages would be others. False when it cannot be read or was written anew. `look` must be empty.
+[[nodiscard]] bool reportLookAgain(const Report& report, ReportBytes& look);
 
 }  // namespace quillon

@@ -15,6 +15,8 @@ static constexpr int fontPoints = 10;
 static struct {
   HWND window;
   std::string text;  // of the page, as it stands in the edit
+  std::size_t page;  // that the text is of
+  unsigned version;  // of its report
   bool filled;
 } state;
 
@@ -25,11 +27,27 @@ static std::wstring wideOf(const std::string& text) {
   return wide;
 }
 
+// Where one reads in a page to which lines are added, one reads on.
+static void fillAgain() {
+  DWORD first = 0;
+  DWORD behind = 0;
+  SendMessageW(state.window, EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&behind));
+  const LRESULT top = SendMessageW(state.window, EM_GETFIRSTVISIBLELINE, 0, 0);
+  SetWindowTextW(state.window, wideOf(state.text).c_str());
+  SendMessageW(state.window, EM_SETSEL, first, static_cast<LPARAM>(behind));
+  SendMessageW(state.window, EM_LINESCROLL, 0, top - SendMessageW(state.window, EM_GETFIRSTVISIBLELINE, 0, 0));
+}
+
 void textViewUpdate() {
   std::string text = pageTextOf(viewer().lines);
+  const bool samePage = state.filled && state.page == viewer().page && state.version == viewer().report.version;
+  state.page = viewer().page;
+  state.version = viewer().report.version;
   if (state.filled && text == state.text) return;
+  const bool longer = samePage && text.starts_with(state.text);
   state.filled = true;
   state.text = std::move(text);
+  if (longer) return fillAgain();
   SetWindowTextW(state.window, wideOf(state.text).c_str());
 }
 

@@ -49,6 +49,17 @@ TEST(PrintPlan, takesTheUsersOrientationFontAndMargins) {
   EXPECT_EQ(plan.fit.top, 0);
 }
 
+TEST(PrintPlan, aPrinterThatDoesNotTurnTheSheet) {
+  PrinterSheet upright;
+  upright.turns = false;
+  EXPECT_EQ(printPlan({}, upright, reportOf(12), 0).status, "147 columns, portrait, 6.1 pt; 12 sheets");
+  PrintEntries entries;
+  entries.orientation = Orientation::landscape;
+  const PrintPlan plan = printPlan(entries, upright, reportOf(12), 0);
+  EXPECT_FALSE(plan.possible);
+  EXPECT_EQ(plan.status, "This printer cannot print landscape.");
+}
+
 TEST(PrintPlan, tellsWhatDoesNotFit) {
   PrintEntries entries;
   entries.fontSize = "12";
