@@ -5,8 +5,9 @@
 ; are unpacked into a folder beside the old ones. Then they take the old ones' places one by one, programs first.
 ;
 ; Silent (/S) it asks nothing and ends with a status:
-;   0 done   1 given up by the user   2 a file cannot be unpacked   3 Windows is too old   5 a program runs   6 a file cannot be replaced
-; After 1 to 5 nothing was changed; after 6 the next call goes on where this one stopped.
+;   0 done   1 given up by the user   2 a file cannot be unpacked   3 Windows is too old   4 the folder has a stranger's file
+;   5 a program, or another setup, runs   6 a file cannot be replaced   7 the folder of /WORK= cannot be made
+; After 1 to 5 and 7 nothing was changed; after 6 the next call goes on where this one stopped.
 ;   /D=FOLDER      where the programs go; the last option, without quotes
 ;   /WORK=FOLDER   where Quillon is started from the start menu, with its export folder
 
@@ -22,6 +23,7 @@ Target amd64-unicode
 !define NEW_NAME "quillon-setup.new"
 !define NEW "$INSTDIR\${NEW_NAME}"
 !define MARK "quillon-setup.old"
+!define ERROR_ALREADY_EXISTS 183
 
 Name "Quillon ${VERSION}"
 OutFile "${OUT}"
@@ -41,8 +43,10 @@ BrandingText "Quillon ${VERSION}"
 Var OldFolder   ; of the installation that is there, if any
 Var WorkFolder
 Var WorkMade    ; the work folder whose export folder a setup has made
+Var WorkGiven   ; the work folder was named in this call
 Var MenuAnew    ; the start menu's entries are written even where they are there already
 Var InUse
+Var Stranger    ; a file with a name of ours that no setup has put there
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
@@ -50,6 +54,7 @@ Var InUse
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "Start Quillon"
 !define MUI_FINISHPAGE_RUN_FUNCTION StartQuillon
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE StayWhereAStrangerIs
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -113,6 +118,14 @@ Function .onInit
     SetErrorLevel 3
     Quit
   ${EndUnless}
+  ; Two at once would unpack into one folder. The handle is closed when this setup ends.
+  System::Call 'kernel32::CreateMutexW(p 0, i 0, w "Local\QuillonSetup") p .R0 ?e'
+  Pop $R1
+  ${If} $R1 == ${ERROR_ALREADY_EXISTS}
+    MessageBox MB_OK|MB_ICONEXCLAMATION "Another setup of Quillon is at work. Wait for it to end, and start this one again then." /SD IDOK
+    SetErrorLevel 5
+    Quit
+  ${EndIf}
   ReadRegStr $OldFolder HKCU "${KEY}" "InstallLocation"
   ReadRegStr $WorkFolder HKCU "${KEY}" "WorkFolder"
   ReadRegStr $WorkMade HKCU "${KEY}" "WorkFolderMade"
@@ -125,6 +138,7 @@ Function .onInit
   ${IfNot} ${Errors}
   ${AndIf} $R1 != ""
     StrCpy $WorkFolder $R1
+    StrCpy $WorkGiven "yes"
     StrCpy $MenuAnew "yes"
   ${EndIf}
 FunctionEnd
@@ -136,6 +150,67 @@ FunctionEnd
 Function StartQuillon
   SetOutPath "$WorkFolder"
   Exec '"$INSTDIR\quillon.exe"'
+FunctionEnd
+
+; The next line of the list $R1 comes to $R2, without its end. The error flag is set behind the last one.
+Function ReadLine
+  ClearErrors
+  FileRead $R1 $R2
+  IfErrors end  ; which takes the flag away
+  trim:
+  StrCpy $R3 $R2 1 -1
+  ${If} $R3 == "$\n"
+  ${OrIf} $R3 == "$\r"
+    StrCpy $R2 $R2 -1
+    Goto trim
+  ${EndIf}
+  ClearErrors
+  Return
+  end:
+  SetErrors
+FunctionEnd
+
+; Opens the list of an installation as $R1. Another program may have one of the same name: without our first line it is none, and
+; the error flag is set.
+Function OpenList
+  ClearErrors
+  FileOpen $R1 "$INSTDIR\installed.txt" r
+  IfErrors none
+  Call ReadLine
+  StrCmpS $R2 "${LIST_MARK}" over
+  FileClose $R1
+  none:
+  SetErrors
+  over:
+FunctionEnd
+
+; In an installation our names are ours to replace. In any other folder a file with one of them is somebody's own.
+!macro LookForStranger NAME
+  IfFileExists "$INSTDIR\${NAME}" 0 +3
+  StrCpy $Stranger "${NAME}"
+  Return
+!macroend
+Function FindStranger
+  StrCpy $Stranger ""
+  StrCmp $INSTDIR $OldFolder over
+  Call OpenList
+  IfErrors look
+  FileClose $R1
+  Return
+  look:
+  !insertmacro EachProgram LookForStranger
+  !insertmacro EachOtherFile LookForStranger
+  !insertmacro LookForStranger "installed.txt"
+  !insertmacro LookForStranger "uninstall.exe"
+  over:
+FunctionEnd
+
+Function StayWhereAStrangerIs
+  Call FindStranger
+  ${If} $Stranger != ""
+    MessageBox MB_OK|MB_ICONEXCLAMATION "In this folder there is a file $Stranger that no setup of Quillon has put there. It would be replaced.$\r$\n$\r$\nChoose another folder, or move the file first.$\r$\n$\r$\n$INSTDIR" /SD IDOK
+    Abort
+  ${EndIf}
 FunctionEnd
 
 !macro MakeNewFolder NAME
@@ -169,24 +244,40 @@ FunctionEnd
 !macro SkipOwn NAME
   StrCmp $R2 "${NAME}" next
 !macroend
-Function RemoveWhatIsNoLongerPart
+
+; A name that leads out of the folder, or stands for many, is not of our making, whoever has written it into the list.
+Function IsWithin
   ClearErrors
-  FileOpen $R1 "$INSTDIR\installed.txt" r
+  StrCpy $R3 $R2 1
+  StrCmp $R3 "\" no
+  StrCpy $R4 0
+  next:
+  StrCpy $R3 $R2 1 $R4
+  StrCmp $R3 "" yes
+  StrCmp $R3 ":" no
+  StrCmp $R3 "/" no
+  StrCmp $R3 "*" no
+  StrCmp $R3 "?" no
+  StrCpy $R3 $R2 2 $R4
+  StrCmp $R3 ".." no
+  IntOp $R4 $R4 + 1
+  Goto next
+  no:
+  SetErrors
+  yes:
+FunctionEnd
+Function RemoveWhatIsNoLongerPart
+  Call OpenList
   IfErrors over
   next:
-  ClearErrors
-  FileRead $R1 $R2
+  Call ReadLine
   IfErrors close
-  trim:
-  StrCpy $R3 $R2 1 -1
-  ${If} $R3 == "$\n"
-  ${OrIf} $R3 == "$\r"
-    StrCpy $R2 $R2 -1
-    Goto trim
-  ${EndIf}
   StrCmp $R2 "" next
   !insertmacro EachProgram SkipOwn
   !insertmacro EachOtherFile SkipOwn
+  Call IsWithin
+  IfErrors next
+  StrCpy $R3 $R2 1 -1
   ${If} $R3 == "\"
     RMDir "$INSTDIR\$R2"
   ${Else}
@@ -217,11 +308,24 @@ FunctionEnd
 
 ; Quillon looks for files in the export folder below the folder in which it is started, and writes its reports there. The folder of
 ; the programs is none for that: an upgrade or an uninstallation is no business of anybody's reports.
-Function WriteStartMenu
-  ${IfNot} ${FileExists} "$WorkFolder\export\*.*"
-    CreateDirectory "$WorkFolder\export"
-    StrCpy $WorkMade $WorkFolder
+Function MakeWorkFolder
+  ${If} ${FileExists} "$WorkFolder\export\*.*"
+    Return
   ${EndIf}
+  CreateDirectory "$WorkFolder\export"
+  ${If} ${FileExists} "$WorkFolder\export\*.*"
+    StrCpy $WorkMade $WorkFolder
+  ${ElseIf} $WorkGiven == "yes"
+    MessageBox MB_OK|MB_ICONSTOP "The folder $WorkFolder, in which Quillon is to be started, cannot be made. Nothing was changed." /SD IDOK
+    Call CleanUp
+    SetErrorLevel 7
+    Quit
+  ${Else}  ; such as a drive of the network that is away today: no reason to stay with an old version
+    MessageBox MB_OK|MB_ICONEXCLAMATION "The folder $WorkFolder, in which the start menu starts Quillon, cannot be made. Quillon is installed all the same; make the folder, or change $\"Start in$\" among the properties of the start menu's entry." /SD IDOK
+  ${EndIf}
+FunctionEnd
+
+Function WriteStartMenu
   CreateDirectory "${MENU}"
   SetOutPath "$WorkFolder"
   !insertmacro Entry "Quillon" "quillon.exe"
@@ -248,6 +352,11 @@ Function WriteRegistry
 FunctionEnd
 
 Section
+  Call FindStranger
+  ${If} $Stranger != ""  ; without a word, that is: the page does not let anybody come here
+    SetErrorLevel 4
+    Quit
+  ${EndIf}
   StrCpy $R0 $INSTDIR
   Call AskToClose
   ${If} $OldFolder != ""
@@ -281,6 +390,10 @@ Section
 
   StrCpy $R0 $INSTDIR
   Call AskToClose
+  Call MakeWorkFolder
+  ${Unless} ${FileExists} "$INSTDIR\installed.txt"  ; from now on the folder is ours, even if this setup does not come to its end
+    File "/oname=$INSTDIR\installed.txt" "${WORK}\installed.txt"
+  ${EndUnless}
   !insertmacro EachFolder MakeFolder
   !insertmacro EachProgram PlaceFile
   !insertmacro EachOtherFile PlaceFile

@@ -28,6 +28,8 @@ STRIP = "x86_64-w64-mingw32-strip"
 PROGRAMS = ["quillon.exe", "quillon-pages.exe", "quillon-print.exe", "quillon-script.exe"]
 EARLIEST_DATE = 315532800  # of the first of January 1980: a zip knows none before
 PUBLISHER = "Quillon"
+# The first line of installed.txt, by which the installer knows the list for its own.
+LIST_MARK = "Files of Quillon, as its setup has put them here. An upgrade removes those that are no longer part of it."
 PACKAGE_NAME = "Quillon.Quillon"  # winget's
 
 # Whose work is in the release: a letter for the list, a file in LICENSES, and the texts that are put together there.
@@ -88,6 +90,25 @@ def stage_programs(build, tree):
     sign([tree / name for name in PROGRAMS])
 
 
+def sample_names():
+    """Those that git knows: a file that a developer tried something with is nobody's sample. A source archive has no others."""
+    folder = ROOT / "samples" / "export"
+    if not (ROOT / ".git").exists():
+        return sorted(path.name for path in folder.iterdir())
+    run = subprocess.run(["git", "ls-files", "-z", "."], cwd=folder, capture_output=True, text=True, check=False)
+    names = [name for name in run.stdout.split("\0") if name]
+    if run.returncode != 0 or not names:
+        raise ReleaseError(f"git does not tell which samples there are: {run.stderr.strip()}")
+    return names
+
+
+def stage_samples(tree):
+    folder = tree / "samples" / "export"
+    folder.mkdir(parents=True)
+    for name in sample_names():
+        shutil.copyfile(ROOT / "samples" / "export" / name, folder / name)
+
+
 def stage_licences(tree):
     (tree / "LICENSES").mkdir()
     for name, _, sources in LICENCES.values():
@@ -126,7 +147,7 @@ def stage(build, tree, version, date):
     """The tree as it will stand on a user's disk. `tree` must not be there yet."""
     tree.mkdir(parents=True)
     stage_programs(build, tree)
-    shutil.copytree(ROOT / "samples" / "export", tree / "samples" / "export")
+    stage_samples(tree)
     subprocess.run([str(ROOT / "tools" / "manual"), str(tree / "guide")], check=True, stdout=subprocess.DEVNULL)
     stage_licences(tree)
     (tree / "CONTENTS.txt").write_text(contents(tree, version), encoding="utf-8", newline="\r\n")
@@ -178,7 +199,7 @@ def installed_list(tree):
     """What an upgrade reads of the version before it: files, then folders, each behind what is in it."""
     names = files_of(tree)
     lines = [windows_name(name) for name in names] + [windows_name(name) + "\\" for name in folders_of(names)[::-1]]
-    return "".join(line + "\r\n" for line in lines)
+    return "".join(line + "\r\n" for line in [LIST_MARK, *lines])
 
 
 def four_numbers(version):
@@ -193,7 +214,7 @@ def make_installer(tree, version, date, work, path, compressor="/SOLID lzma"):
     (work / "installed.txt").write_text(installed_list(tree), encoding="ascii", newline="")
     os.utime(work / "installed.txt", (date, date))
     size = sum((tree / name).stat().st_size for name in files_of(tree))
-    defined = {"VERSION": version, "VERSION_NUMBERS": four_numbers(version), "PUBLISHER": PUBLISHER, "TREE": tree, "WORK": work,
+    defined = {"VERSION": version, "VERSION_NUMBERS": four_numbers(version), "PUBLISHER": PUBLISHER, "LIST_MARK": LIST_MARK, "TREE": tree, "WORK": work,
                "ICON": ROOT / "resources" / "quillon.ico", "OUT": path, "KILOBYTES": (size + 1023) // 1024}
     if os.environ.get("QUILLON_SIGN_CERT"):
         defined["SIGN"] = PACKAGING / "sign"
@@ -239,8 +260,12 @@ ExpectedReturnCodes:
   ReturnResponse: cancelledByUser
 - InstallerReturnCode: 3
   ReturnResponse: systemNotSupported
+- InstallerReturnCode: 4
+  ReturnResponse: invalidParameter
 - InstallerReturnCode: 5
   ReturnResponse: packageInUse
+- InstallerReturnCode: 7
+  ReturnResponse: invalidParameter
 ProductCode: Quillon
 AppsAndFeaturesEntries:
 - DisplayName: Quillon

@@ -32,7 +32,7 @@ OLDER_VERSION = "18.1"
 OLDER_FILES = ["guide/chapters/one.html", "samples/export/OLD.B01", "OLD.TXT"]
 KEY = "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Quillon"
 ENTRIES = ["Quillon Guide.lnk", "Quillon Pages.lnk", "Quillon Samples.lnk", "Quillon.lnk", "Uninstall Quillon.lnk"]
-NOT_WRITTEN, TOO_OLD, IN_USE = 2, 3, 5
+NOT_WRITTEN, TOO_OLD, STRANGE_FILE, IN_USE, NO_WORK_FOLDER = 2, 3, 4, 5, 7
 # What Windows, and Wine in its place, writes for itself when a program shows a window or is installed: the bare key of all uninstallers.
 WINDOWS_OWN = re.compile(r"\\Explorer\\Advanced\]|\\Software\\Wine\\|\\CurrentVersion\\Uninstall\]")
 DEADLINE = 120
@@ -194,7 +194,8 @@ class Installation:
     def clean(self):
         """Nothing of an earlier run, whatever became of it."""
         users = self.desktop.disk / "users"
-        for folder in (self.programs.parent, self.settings, self.menu, users / "Else where", users / "My Work", users / "Closed"):
+        for folder in (self.programs.parent, self.settings, self.menu, users / "Else where", users / "My Work", users / "Closed",
+                       users / "Strange"):
             shutil.rmtree(folder, ignore_errors=True)
         (users / "Alias").unlink(missing_ok=True)
         for path in self.desktop.home.iterdir():
@@ -217,6 +218,27 @@ class Installation:
             expect("status where nothing can be written", self.install(self.older, "/D=C:\\users\\Closed\\Quillon"), NOT_WRITTEN)
             expect("files that changed", sorted(set(before.items()) ^ set(self.desktop.files().items())), [])
         closed.rmdir()
+
+    def where_somebody_elses_files_are(self):
+        """A list of another program, and a file of the user's, by names of ours; a file with another name is in nobody's way."""
+        strange = self.desktop.disk / "users" / "Strange"
+        for name in ("installed.txt", "uninstall.exe", "quillon.exe", "guide/index.html"):
+            path = strange / name
+            path.parent.mkdir(parents=True)
+            path.write_bytes(b"note of mine.txt\r\n")
+            (strange / "note of mine.txt").write_bytes(b"mine")
+            before = self.desktop.files()
+            expect(f"status beside a stranger's {name}", self.install(self.older, "/D=C:\\users\\Strange"), STRANGE_FILE)
+            expect("files that changed", sorted(set(before.items()) ^ set(self.desktop.files().items())), [])
+            shutil.rmtree(strange)
+
+    def where_no_work_folder_can_be_made(self):
+        (self.desktop.disk / "users" / "Strange").write_bytes(b"a file")
+        self.programs.parent.mkdir(exist_ok=True)
+        before = self.desktop.files()
+        expect("status", self.install(self.older, "/WORK=C:\\users\\Strange"), NO_WORK_FOLDER)
+        expect("files that changed", sorted(set(before.items()) ^ set(self.desktop.files().items())), [])
+        (self.desktop.disk / "users" / "Strange").unlink()
 
     def fresh(self):
         expect("status", self.install(self.older), 0)
@@ -260,17 +282,46 @@ class Installation:
     def upgrade_is_refused(self):
         expect("status of setup while the program runs", self.install(self.newer), IN_USE)
 
+    def second_setup_is_refused(self):
+        """Beside one that asks its user for the folder."""
+        first = subprocess.Popen(["wine", str(self.newer)], env=self.desktop.environment, stdin=subprocess.DEVNULL,
+                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        time.sleep(3)  # where that is too short, the second one is the first, and installs
+        expect("status of a second setup", self.install(self.newer), IN_USE)
+        expect("the first one's end", first.poll(), None)
+        first.terminate()
+        first.wait()
+
     def uninstall_is_refused(self):
         expect("status of uninstall while the program runs", self.uninstall_and_wait(), IN_USE)
 
+    def spoil_the_list(self):
+        """Names that lead out of the folder, and one that stands for many: none of these files goes."""
+        outside = self.programs.parent / "outside.txt"
+        outside.write_bytes(b"mine")
+        (self.programs / "guide" / "mine.txt").write_bytes(b"mine")
+        (self.desktop.disk / "users" / "Public" / "mine.txt").write_bytes(b"mine")
+        self.spared = [outside, self.programs / "guide" / "mine.txt", self.desktop.disk / "users" / "Public" / "mine.txt"]
+        bad = ["..\\outside.txt", "guide\\..\\..\\outside.txt", "\\outside.txt", "guide\\mine.*", "guide\\????.txt",
+               "C:\\users\\Public\\mine.txt", "guide/../../outside.txt", "..\\..\\..\\..\\..\\Public\\mine.txt"]
+        listed = self.programs / "installed.txt"
+        lines = listed.read_text(encoding="ascii").splitlines()
+        expect("the list's first line", lines[0], release.LIST_MARK)
+        listed.write_text("".join(line + "\r\n" for line in [lines[0], *bad, *lines[1:]]), encoding="ascii", newline="")
+
     def upgrade(self):
+        self.spoil_the_list()
         shortcut = self.menu / "Quillon.lnk"
         shortcut.write_bytes(shortcut.read_bytes() + b"the user's")
         kept = shortcut.read_bytes()
         expect("status", self.install(self.newer), 0)
+        expect("files that an upgrade must not remove", [path.name for path in self.spared if not path.exists()], [])
+        for path in self.spared:
+            path.unlink()
         self.expect_installed(self.version, ["note of mine.txt"])
         expect("a folder of the version before", (self.programs / "guide" / "chapters").exists(), False)
         expect("the start menu's entry as the user made it", shortcut.read_bytes(), kept)
+        (self.programs / "installed.txt").write_bytes(b"note of mine.txt\r\n")  # without its first line it is no list
         expect("the version of another day", self.install(self.newer), 0)  # once more: a repair
         self.expect_installed(self.version, ["note of mine.txt"])
 
@@ -328,11 +379,14 @@ class Installation:
         self.clean()
         self.on_an_old_windows()
         self.where_nothing_can_be_written()
+        self.where_somebody_elses_files_are()
+        self.where_no_work_folder_can_be_made()
         before = self.desktop.files(), self.desktop.registry()
         self.unused(pem)
         self.fresh()
         self.work_with_it()
         self.while_it_runs(self.upgrade_is_refused)
+        self.second_setup_is_refused()
         self.upgrade()
         self.while_it_runs(self.uninstall_is_refused)
         users = {str(self.programs.parent), str(self.programs)}

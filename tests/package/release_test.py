@@ -93,14 +93,32 @@ class Release(unittest.TestCase):
         self.assertEqual(release.files_of(self.dist), sorted([self.zip.name, self.setup.name, "CONTENTS.txt", "SHA256SUMS"] + winget))
 
     def test_zip_holds_programs_samples_guide_and_licences(self):
-        samples = {f"samples/export/{path.name}" for path in (ROOT / "samples" / "export").iterdir()}
+        samples = {f"samples/export/{name}" for name in release.sample_names()}
         wanted = set(release.PROGRAMS) | samples | {"CONTENTS.txt", "guide/index.html"}
         wanted |= {f"LICENSES/{name}" for name, _, _ in release.LICENCES.values()}
         self.assertEqual(wanted - {name.removeprefix(self.top) for name in self.files}, set())
         self.assertIn(b"RUNTIME LIBRARY EXCEPTION", self.files[self.top + "LICENSES/gcc-runtime.txt"])
         self.assertIn(b"winpthreads", self.files[self.top + "LICENSES/mingw-w64.txt"])
+        held = {name.removeprefix(self.top) for name in self.files}
+        self.assertEqual({name for name in held if name.startswith("samples/")}, samples)
         for sample in samples:
             self.assertEqual(self.files[self.top + sample], (ROOT / sample).read_bytes())
+
+    def test_a_file_that_git_does_not_know_is_no_sample(self):
+        kept, release.ROOT = release.ROOT, place["out"] / "sources"
+        folder = release.ROOT / "samples" / "export"
+        folder.mkdir(parents=True)
+        (folder / "ONE.B01").write_bytes(b"one")
+        (folder / "TWO.B01").write_bytes(b"two")
+        try:
+            self.assertEqual(release.sample_names(), ["ONE.B01", "TWO.B01"], "a source archive")
+            subprocess.run(["git", "init", "--quiet"], cwd=release.ROOT, check=True)
+            with self.assertRaises(release.ReleaseError):
+                release.sample_names()
+            subprocess.run(["git", "add", "samples/export/ONE.B01"], cwd=release.ROOT, check=True)
+            self.assertEqual(release.sample_names(), ["ONE.B01"])
+        finally:
+            release.ROOT = kept
 
     def test_zip_stands_in_one_folder_in_order_with_the_date_of_the_commit(self):
         names = [info.filename for info in self.infos]
