@@ -398,7 +398,7 @@ def main():
     chosen = [test for test in TESTS if not options.tests or test.__name__ in options.tests]
     failed = 0
     try:
-        with wine_desktop.Desktop(options.build) as desktop:
+        with wine_desktop.Desktop(options.build, prefix=wine_desktop.SECOND_PREFIX) as desktop:
             for test in chosen:
                 problem = run_test(desktop, test)
                 failed += bool(problem)

@@ -13,8 +13,8 @@ import tempfile
 
 SCREEN = "1280x1024"
 START_SECONDS = 120
-# The companions are worked on a desktop of their own, beside the scripts of quillon.exe, which take the longest.
-SECOND_PREFIX = "wine-companions"
+# For all that is tested beside the scripts of quillon.exe, which take the longest.
+SECOND_PREFIX = "wine-beside"
 UNTOUCHED = b"nothing was printed yet\n"  # what a printer's file holds until the program opens the printer
 
 

@@ -32,7 +32,7 @@ static struct {
   std::span<const ToolButton> buttons;
   HWND window;
   HWND tooltips;
-  std::vector<HBITMAP> pictures;
+  HIMAGELIST pictures;
 } state;
 
 static int scaled(int size, UINT dpi) { return MulDiv(size, static_cast<int>(dpi), USER_DEFAULT_SCREEN_DPI); }
@@ -106,14 +106,22 @@ static void giveTooltips() {
   if (own) DestroyWindow(own);
 }
 
-static void addButtons(int idsAbove) {
+// One by one, each from its own resource, into a list that has room for all of them: the toolbar itself would make its list
+// anew with each, and the main window comes some 15 ms later. Where the button face was, the button shows through.
+static void addPictures(const PictureSize& size) {
+  const int count = static_cast<int>(state.buttons.size());
+  state.pictures = ImageList_Create(size.pixels, size.pixels, ILC_COLOR24 | ILC_MASK, count, 0);
+  for (const ToolButton& button : state.buttons) {
+    const HBITMAP picture = loadPicture(button.bitmap + size.idsAbove);
+    ImageList_AddMasked(state.pictures, picture, GetSysColor(COLOR_BTNFACE));
+    DeleteObject(picture);
+  }
+  SendMessageW(state.window, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(state.pictures));
+}
+
+static void addButtons() {
   std::vector<TBBUTTON> all;
   for (const ToolButton& button : state.buttons) {
-    const HBITMAP picture = loadPicture(button.bitmap + idsAbove);
-    TBADDBITMAP add = {.hInst = nullptr, .nID = reinterpret_cast<UINT_PTR>(picture)};
-    SendMessageW(state.window, TB_ADDBITMAP, 1, reinterpret_cast<LPARAM>(&add));
-    state.pictures.push_back(picture);
-
     TBBUTTON made = {};
     made.iBitmap = static_cast<int>(all.size());
     made.idCommand = button.tool;
@@ -137,7 +145,8 @@ static void build(UINT dpi) {
   SendMessageW(state.window, TB_SETBUTTONSIZE, 0, MAKELPARAM(button, button));
   SendMessageW(state.window, TB_SETBITMAPSIZE, 0, MAKELPARAM(picture.pixels, picture.pixels));
   giveTooltips();
-  addButtons(picture.idsAbove);
+  addPictures(picture);
+  addButtons();
   ShowWindow(state.window, SW_SHOW);
 }
 
@@ -157,8 +166,8 @@ void appDestroyToolbar() {
   if (state.tooltips) DestroyWindow(state.tooltips);
   state.window = nullptr;
   state.tooltips = nullptr;
-  for (HBITMAP picture : state.pictures) DeleteObject(picture);
-  state.pictures.clear();
+  if (state.pictures) ImageList_Destroy(state.pictures);
+  state.pictures = nullptr;
 }
 
 void toolbarRebuild(UINT dpi) {

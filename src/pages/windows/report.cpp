@@ -9,6 +9,9 @@ namespace quillon {
 
 // ---- Its bytes ---------------------------------------------------------------------------------------------------------
 
+// Reports up to this size are read into memory and never mapped: nothing at all then stands in the way of who writes them anew.
+static constexpr std::size_t mostRead = std::size_t{32} << 20;
+
 // A handle for the length of a look.
 struct OpenFile {
   explicit OpenFile(const std::wstring& path)
@@ -98,7 +101,7 @@ bool reportLook(const std::wstring& path, ReportBytes& look) {
   look.written = std::uint64_t{written.dwHighDateTime} << 32 | written.dwLowDateTime;
   if (size.QuadPart == 0) return true;
   const std::size_t bytes = static_cast<std::size_t>(size.QuadPart);
-  if (!mayGoAway(file.handle, path) && map(file.handle, bytes, look)) return true;
+  if (bytes > mostRead && !mayGoAway(file.handle, path) && map(file.handle, bytes, look)) return true;
   return read(file.handle, path, bytes, look);
 }
 

@@ -2,9 +2,9 @@
 // its pages are known.
 //
 // Windows lets nobody write a file anew while it is mapped: with a report on the screen, quillon.exe would be refused its own
-// output. So nothing is held between two looks. A step of the window opens the file, maps it, looks, and gives all back.
-// What lies on another machine, or on a stick, is read into memory: a mapped file that goes away ends in a fault in the middle
-// of a line. The bytes read last are kept until the file has changed, so that turning its pages does not read it again.
+// output. So nothing is held between two looks, and a report is read into memory: the bytes read last are kept until the file
+// has changed, so that turning its pages does not read it again. Only one that is too large for that is mapped, for as long as
+// a look takes, and only where it cannot go away with a stick or another machine: that would be a fault in the middle of a line.
 #pragma once
 
 #include <cstdint>

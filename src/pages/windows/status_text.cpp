@@ -15,7 +15,7 @@ std::wstring statusText(PagesStatus status, const std::wstring& report, const st
     case PagesStatus::noReport:
       return L"The report " + quoted(report) + L" cannot be read, or it was written anew meanwhile.";
     case PagesStatus::nothingToPrint:
-      return L"The report " + quoted(report) + L" has no such page.";
+      return L"The report " + quoted(report) + L" has nothing on the pages that were asked for.";
     case PagesStatus::noRoom:
       return L"The margins leave no room on the sheet.";
     case PagesStatus::noPrinter:
