@@ -38,7 +38,7 @@ def files_of(folder):
 
 
 def left_in_temp(desktop):
-    return sorted(str(p) for p in pathlib.Path(desktop.environment["WINEPREFIX"]).glob("drive_c/users/*/AppData/Local/Temp/*quillon-print-*"))
+    return sorted(str(p) for p in pathlib.Path(desktop.environment["WINEPREFIX"], "drive_c", "users").rglob("*quillon-print-*"))
 
 
 def slashes(told):
