@@ -12,6 +12,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 ROOT = pathlib.Path(sys.argv.pop()).resolve()
@@ -61,6 +62,81 @@ CASES = [
     ("admin-log", "PRNTADMINLOG", "ADMLOG", "Ad010109.adl", ["--uncheck", "Trader Limits", "--records-per-page", "9"], [],
      ["press TRADERS", "type LINES 9"]),
 ]
+
+HELP = """\
+Prints a form's report without a screen.
+
+quillon-print FORM FILE [options] -o REPORT    one report
+quillon-print FORM --help                      what can be set on the form
+quillon-print --all FOLDER -o FOLDER           a report of every file that a form's masks know
+quillon-print --help, quillon-print --version
+
+Forms:
+  trades net-position slb-position auction touchlines trader-limits 6a7a breakup
+  broker-query convert delivery-slips kesto kesto-net-position order-log quote-log admin-log
+
+Options of a report:
+  -o REPORT          where it goes; what stands there is replaced when the report is complete
+  --sort, --select, --check, --uncheck "LABEL", and an option for each field: see the form's --help
+  --answer yes|no    the answer to the form's next question; otherwise it gets its default
+  --pdf              as PDF, fitted to A4
+  --clock "2009-05-22 10:11:12"   the date and time that the report takes for now
+  --messages FILE    the form's boxes go there instead of to standard error
+Options of --all:
+  -o FOLDER          where the reports go: the file's name with .txt, or .pdf, behind it
+  --pdf, --clock     as above
+  -j N               so many at a time
+  --as MASK=FORM:LABEL   files that fit the mask go to this form, set to this label, as in
+                     --as "KB*.DAT=kesto:BreakUp Data Printing"; the label may be left out; FORM may be none
+
+The status is 0 when the report, or every report, is complete; 1 when a form refused or failed; 2 for a wrong
+call.
+"""
+HELP_ON_TRADES = """\
+quillon-print trades FILE [options] -o REPORT
+
+Do you want to print
+  --select "Oddlot File"
+  --select "MarketLot File"   (as the form begins)
+Sort By
+  --sort "Time"   (as the form begins)
+  --sort "Scrip Code"
+  --sort "Scrip ID"
+  --sort "Client ID"
+  --check "Print Net Position"
+Lines per page
+  --lines-per-page TEXT   (begins with "50")
+
+--check LABEL checks a box, --uncheck LABEL clears it. Some choices are there for some files only.
+quillon-print --help tells of the options that all forms have.
+"""
+HELP_ON_KESTO = """\
+quillon-print kesto FILE [options] -o REPORT
+
+Select Type of File  To Print :
+  --select-type-of-file-to-print TEXT   (begins with "Trades Printing")
+    "Trades Printing"
+    "TouchLines Printing"
+    "Convert"
+    "Broker Query Printing"
+    "BreakUp Data Printing"
+    "Traders Limit Printing"
+Sort By
+  --sort "Time"   (as the form begins)
+  --sort "Scrip Code"
+  --sort "Scrip ID"
+  --sort "Client ID"
+  --sort "No. Of Days"
+  --sort "Trader"
+  --check "Print Net Position"
+Lines Per Page :
+  --lines-per-page TEXT   (begins with "50")
+Broker No. :
+  --broker-no TEXT
+
+--check LABEL checks a box, --uncheck LABEL clears it. Some choices are there for some files only.
+quillon-print --help tells of the options that all forms have.
+"""
 
 
 class Folder(unittest.TestCase):
@@ -195,6 +271,8 @@ class Reports(Folder):
         text = subprocess.run(["pdftotext", "-layout", "r.pdf", "-"], cwd=self.folder, capture_output=True).stdout
         self.assertEqual(text.split(), (self.folder / "r.txt").read_bytes().split())
         self.assertEqual(text.count(b"\f"), (self.folder / "r.txt").read_bytes().count(b"\f") + 1)
+        told = subprocess.run(["pdfinfo", "r.pdf"], cwd=self.folder, capture_output=True).stdout.decode()
+        self.assertRegex(told, r"(?m)^Title: +TR010109\.B01$")  # without the folder
 
 
 def forms():
@@ -224,6 +302,13 @@ class Refusals(Folder):
                     told = self.refused(form, name)
                     self.assertRegex(told, r"(?m)^(?!quillon-print: ).+\n")  # the form's own words
                     self.assertRegex(told, f'quillon-print: "{name}": no report was made\\.( \\(.+\\))?\n$')
+
+    def test_a_form_whose_print_button_stays_grey(self):
+        (self.folder / "JUNK.BIN").write_bytes(b"this is no file of any form\r\n" * 30)
+        self.assertEqual(self.refused("kesto-net-position", "JUNK.BIN"),
+                         "The form does not print this file.\n"
+                         "Reply: Error in input file\n"
+                         'quillon-print: "JUNK.BIN": no report was made.\n')
 
     def test_form_and_file_of_different_kinds(self):
         told = self.refused("trades", EXPORT / "BR010109.BIN")
@@ -267,7 +352,8 @@ class Refusals(Folder):
     def test_file_that_is_not_there(self):
         self.assertIn('There is no file "NONE.B01".', self.refused("trades", "NONE.B01"))
         self.assertIn("There is no file", self.refused("trades", "."))
-        self.assertIn("too long", self.refused("trades", f"{'./' * 150}{os.path.relpath(EXPORT / 'TR010109.B01', self.folder)}"))
+        far = f"{'./' * 150}{os.path.relpath(EXPORT / 'TR010109.B01', self.folder)}"
+        self.assertEqual(self.refused("trades", far), f'quillon-print: The path of "{far}" is too long.\n')
 
 
 class Outputs(Folder):
@@ -421,10 +507,30 @@ class WrongCalls(Folder):
         self.assertIn('--lines-per-page TEXT   (begins with "50")', text)
         self.assertRegex(self.call("trades", "--help").stdout.decode(), r'--sort "Time"   \(as the form begins\)')
 
+    def test_help_word_for_word(self):
+        self.assertEqual(self.call("--help", status=0).stdout.decode(), HELP)
+        self.assertEqual(self.call("trades", "--help", status=0).stdout.decode(), HELP_ON_TRADES)
+        self.assertEqual(self.call("kesto", "--help", status=0).stdout.decode(), HELP_ON_KESTO)
+
     def test_help_and_version(self):
         self.assertIn(b"quillon-print FORM FILE", self.call("--help", status=0).stdout)
         self.assertIn(b"quillon-print FORM FILE", self.call("--all", "--help", status=0).stdout)
         self.assertRegex(self.call("--version", status=0).stdout, rb"^quillon-print \d+\.\d+\n$")
+
+
+def children_of(process):
+    for folder in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            parent = int((folder / "stat").read_text().rpartition(")")[2].split()[1])
+        except (OSError, ValueError):
+            continue  # it has ended since
+        if parent == process:
+            yield int(folder.name)
+
+
+def command_line(process):
+    """As `ps` shows it; empty for one that has ended and was not waited for."""
+    return pathlib.Path(f"/proc/{process}/cmdline").read_text().split("\0")[:-1]
 
 
 def limit_files(size):
@@ -516,6 +622,50 @@ class All(Folder):
             self.assertEqual({p.name for p in out.iterdir() if not p.name.startswith(".")}, set(sizes) - {largest})
             for report in set(sizes) - {largest}:
                 self.assertEqual((out / report).read_bytes(), (self.folder / "whole" / report).read_bytes())
+            for piece in out.glob(".*"):
+                self.assertRegex(piece.name, r"^\.quillon-print-\d+\.tmp$")  # as the manual has it
+
+    def test_why_a_file_failed(self):
+        # The first line of its last box; the run's own words where that box calls the report complete though an error was told.
+        bad = self.folder / "bad"
+        bad.mkdir()
+        for name in ("MONY0101.215", "Adel250509.adl"):
+            shutil.copy(EXPORT / name, bad / name)
+        scratch = self.folder / "scratch"
+        scratch.mkdir()
+        run = self.call("--all", "bad", "-o", "out", "--as", "Adel*=admin-log", status=1, env={**os.environ, "TMPDIR": str(scratch)})
+        self.assertEqual(run.stdout.decode().splitlines(), [
+            'Adel250509.adl: admin-log, FAILED: quillon-print: "bad/Adel250509.adl": no report was made. '
+            "(Admin Log Printing: Error in Reading File)",
+            "MONY0101.215: auction, FAILED: AUCTION REPORT PRINTING: No Offer status file available",
+            "0 complete, 2 failed"])
+        self.assertIn(b"\nMONY0101.215:   Can't proceed with Money statement printing\n", run.stderr)
+        self.assertEqual(list(scratch.iterdir()), [])  # what held the messages on their way
+
+    def test_no_more_at_a_time_than_told(self):
+        # The first run stands still where it opens its messages, which nobody reads yet: the second one may run beside it, the
+        # third one must not be there.
+        scratch = self.folder / "scratch"
+        scratch.mkdir()
+        run = subprocess.Popen([PRINT, "--all", "day", "-o", "out", "-j", "2"], cwd=self.folder, env={**os.environ, "TMPDIR": str(scratch)},
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                               preexec_fn=lambda: os.mkfifo(f"{scratch}/quillon-print-{os.getpid()}-1.log"))
+        fifo = scratch / f"quillon-print-{run.pid}-1.log"
+        until = time.monotonic() + 60
+        while not (self.folder / "out" / "DELY0101.215.txt").exists() and time.monotonic() < until:
+            time.sleep(0.05)
+        time.sleep(0.5)
+        calls = [call for call in map(command_line, children_of(run.pid)) if call]  # the second one has ended
+        made = sorted(p.name for p in (self.folder / "out").iterdir())
+        for mode in ("rb", "wb"):  # lets the first one go on, then tells that it has said all
+            with open(fifo, mode) as pipe:
+                if mode == "rb":
+                    self.assertIn(b"Printing Complete", pipe.read())
+        told = run.communicate(timeout=60)[0].decode()
+        self.assertEqual([call[:3] for call in calls], [["quillon-print", "admin-log", "day/Ad010109.adl"]])
+        self.assertEqual(made, ["DELY0101.215.txt"])
+        self.assertTrue(told.endswith("\n5 complete, 0 failed\n"), told)
+        self.assertEqual(list(scratch.iterdir()), [])
 
     def test_names_of_every_kind(self):
         for name in ("TR a b  c.B01", "TR\u0434\u0435\u043d\u044c.B01", "TR%s$(x)';&.B01"):

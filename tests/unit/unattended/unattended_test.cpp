@@ -1,9 +1,17 @@
 // The parts of quillon-print that need no run of a form: words, masks, which form knows a file, the command line.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "desktop/clock.h"
+#include "pages/page_index.h"
 #include "unattended/form_options.h"
 #include "unattended/print_all.h"
 #include "unattended/print_call.h"
+#include "unattended/print_output.h"
 
 namespace quillon {
 namespace {
@@ -40,6 +48,17 @@ TEST(FormOptions, everyFormHasItsParts) {
     EXPECT_EQ(parts->convert >= 0, convert || std::string_view(form->name) == "kesto") << form->name;
     for (const FormOption& option : parts->options) EXPECT_FALSE(option.label.empty()) << form->name;
   }
+}
+
+TEST(FormOptions, aButtonBelongsToTheBoxAroundIt) {
+  const std::optional<FormParts> parts = formParts(*formNamed("trades"));
+  ASSERT_TRUE(parts);
+  const auto groupOf = [&](const char* word, const char* label) {
+    const std::optional<FormSetting> setting = formSetting(*parts, word, label);
+    return setting ? setting->option.group : "none of that name";
+  };
+  EXPECT_EQ(groupOf("--sort", "Client ID"), "Sort By");
+  EXPECT_EQ(groupOf("--check", "Print Net Position"), "");  // stands below the box, not in it
 }
 
 TEST(FormOptions, aFormIsFoundByItsNameInAnyCase) {
@@ -177,6 +196,62 @@ TEST(PrintCall, choicesOfAReport) {
   EXPECT_EQ(call.answers, (std::vector<BoxChoice>{BoxChoice::yes, BoxChoice::no}));
   EXPECT_TRUE(call.pdf);
   EXPECT_EQ(call.clock, "2009-05-22 10:11:12");
+}
+
+TEST(PrintCall, aLoneDashIsAFile) {
+  const PrintCall call = printCall({"trades", "-", "-o", "x"});
+  ASSERT_EQ(call.action, PrintAction::report) << call.problem;
+  EXPECT_EQ(call.input, "-");
+}
+
+TEST(PrintCall, jobsAreDigitsAlone) {
+  EXPECT_EQ(printCall({"--all", "in", "-o", "out", "-j", "10"}).jobs, 10);
+  for (const char* jobs : {"1:", "1/", ":", "+5", "5 "}) {
+    EXPECT_EQ(printCall({"--all", "in", "-o", "out", "-j", jobs}).action, PrintAction::wrongCall) << jobs;
+  }
+}
+
+TEST(PrintCall, theClockRunsOnUntilTheReportIsMade) {
+  ASSERT_EQ(printCall({"trades", "TR.B01", "-o", "x", "--clock", "1999-12-31 10:11:12"}).action, PrintAction::report);
+  EXPECT_GT(clockNow().year, 1999);
+}
+
+std::filesystem::path inTemp(const char* name) { return std::filesystem::path(testing::TempDir()) / name; }
+
+TEST(PrintOutput, aFileIsWrittenBesideItsPlaceWhetherOneStandsThereOrNot) {
+  const std::filesystem::path folder = inTemp("quillon print output");
+  std::filesystem::create_directories(folder);
+  for (const bool older : {false, true}) {
+    if (older) std::fclose(systemFile(folder / "r.txt", true));
+    PrintOutput output;
+    EXPECT_EQ(printOutputBegin(output, (folder / "r.txt").string()), "");
+    EXPECT_FALSE(output.isDevice) << older;
+    EXPECT_EQ(output.written.parent_path(), output.place.parent_path()) << older;
+    EXPECT_TRUE(std::filesystem::exists(output.written)) << older;
+    printOutputDrop(output);
+    EXPECT_FALSE(std::filesystem::exists(output.written)) << older;
+  }
+  std::filesystem::remove_all(folder);
+}
+
+TEST(PrintOutput, aReportThatIsGoneBecomesNoPdf) {
+  PrintOutput output;
+  output.written = inTemp("quillon-print-none.txt");
+  EXPECT_EQ(printOutputToPdf(output, "x"), "The report cannot be read again.");
+  EXPECT_FALSE(std::filesystem::exists(output.written));
+}
+
+TEST(PrintOutput, aReportOfMorePagesThanAnIndexHoldsBecomesNoPdf) {
+  PrintOutput output;
+  output.written = inTemp("quillon-print-pages.txt");
+  const std::string report = std::string(mostPages, '\f') + "x";  // one page more
+  std::FILE* const file = systemFile(output.written, true);
+  ASSERT_NE(file, nullptr);
+  EXPECT_EQ(std::fwrite(report.data(), 1, report.size(), file), report.size());
+  std::fclose(file);
+  EXPECT_EQ(printOutputToPdf(output, "x"), "The report has too many pages for a PDF.");
+  EXPECT_EQ(std::filesystem::file_size(output.written), report.size());  // as it was
+  printOutputDrop(output);
 }
 
 }  // namespace
