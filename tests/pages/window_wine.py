@@ -98,6 +98,10 @@ class Window:
             self.command("VIEW_TEXT")
         self.wait("visible %d" % IDS["TEXT_VIEW"], "yes")
 
+    def ready(self):
+        """The first page is there: on a busy machine its window may be there before it."""
+        self.status(PAGE, re.compile("Page 1 of .*"))
+
     def seek(self, text):
         self.command("EDIT_FIND")
         self.wait("focus", str(IDS["FIND_TEXT"]))
@@ -180,6 +184,7 @@ def approved_pages_read_as_they_are(desktop, folder):
     for kind, (_, path) in chosen.items():
         shutil.copy(path, "%s/reports/%s.TXT" % (folder, kind))
     with Window(desktop, folder, "reports") as window:
+        window.ready()
         window.show_text()
         names = window.names()
         expect("reports in the list", sorted(names), sorted(kind + ".TXT" for kind in chosen))
@@ -238,6 +243,7 @@ def keys_and_wheel_go_through_a_page_and_on_to_the_next(desktop, folder):
 def find_goes_through_the_report_and_round(desktop, folder):
     write(folder + "/A.TXT", b"one Needle\r\n\f\r\nnothing\r\n\fneedle and needle\r\n\f")
     with Window(desktop, folder, "A.TXT") as window:
+        window.ready()
         window.seek("NEEDLE")
         for page, words in ((1, "Match 1 of 3."), (3, "Match 2 of 3."), (3, "Match 3 of 3."),
                             (1, "Searched on from the first page. Match 1 of 3.")):
@@ -269,6 +275,7 @@ def find_goes_through_the_report_and_round(desktop, folder):
 def find_goes_on_from_the_page_in_front(desktop, folder):
     write(folder + "/A.TXT", b"".join(b"needle %d\r\n\f" % page for page in range(1, 10)))
     with Window(desktop, folder, "A.TXT") as window:
+        window.ready()
         window.show_text()
         window.seek("needle")
         window.command("PAGE_LAST")
@@ -286,6 +293,7 @@ def find_goes_on_from_the_page_in_front(desktop, folder):
 def text_view_selects_what_is_found_and_turns_pages(desktop, folder):
     write(folder + "/A.TXT", b"first line\r\nsecond needle\r\nthird\r\n\f" + report(2))
     with Window(desktop, folder, "A.TXT") as window:
+        window.ready()
         window.show_text()
         window.seek("needle")
         window.do("key F3")
@@ -307,6 +315,7 @@ def what_is_selected_is_copied(desktop, folder):
     write(folder + "/A.TXT", b"Caf\xe9 \x80 500410\r\nsecond\tline\r\n\fpage two\r\n\f")
     whole = "Caf\u00e9 \u20ac 500410\r\nsecond  line"
     with Window(desktop, folder, "A.TXT") as window:
+        window.ready()
         window.do("size 900 600", "key ctrl+1")
         window.status(ZOOM, "100 %")
         window.do("copy before")
@@ -457,6 +466,7 @@ def report_that_is_written_anew_is_shown_anew(desktop, folder):
     write(folder + "/A.TXT", report(5))
     with Window(desktop, folder, "A.TXT") as window:
         window.show_text()
+        window.page(1, 5, page_text(1))
         window.do("key ctrl+PageDown")
         window.page(2, 5, page_text(2))
         write(folder + "/A.TXT", report(9, first=11))  # longer than before, and another
