@@ -5,6 +5,6 @@ file(GLOB fuzz_targets CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/fuzz/*_target.cpp
 foreach(target ${fuzz_targets})
   get_filename_component(name ${target} NAME_WE)
   string(REPLACE "_target" "" name ${name})
-  add_test(NAME fuzz.${name} COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/fuzz/run --seconds 5 ${name})
+  add_test(NAME fuzz.${name} COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/fuzz/run --seconds 3 ${name})
   set_tests_properties(fuzz.${name} PROPERTIES LABELS fuzz TIMEOUT 120)
 endforeach()
